@@ -1,0 +1,57 @@
+/// The system object of the wx back-end.
+#pragma once
+
+#include "vela7/system.h"
+#include "vela7/wxexport.h"
+#include "vela7/wxmouse.h"
+
+namespace vela7 {
+
+/// Answers the toolkit's questions about the platform, and is the mouse object as well.
+///
+/// There is one, SystemCreator; loading the library registers it. It works before wx is initialised and
+/// without an application object: then sizes and counts are 0, the scale is 1.0 and nothing is active.
+/// Thread: GUI, except IsMainThread.
+/// Timers, clipboard, runners, locks, image lists and raster pictures have no class yet: their operations
+/// answer empty handles and null.
+class VELA7_WX_API CwxSystem : public CSystem, public CwxMouse
+{
+public:
+    CwxSystem();
+    /// Deletes the installed palette, whoever installed it.
+    ~CwxSystem() override;
+
+    /// Part of this object; never null.
+    IMouse* TakeMouse() const override;
+    CHandle<ISysTimer> CreateTimer(int milliseconds, bool start) const override;
+    CHandle<IImageList> CreateImageList() const override;
+    IClipboard* TakeClipboard() const override;
+    int GetSystemMetrics(SystemMetrics metric) override;
+    /// An index without a monitor raises wx's own assertion.
+    screen_rectangle<int> GetDesktopRect(int monitor) const override;
+    double GetDPIScale() const override;
+    /// Always false.
+    bool IsXpStylesSupported() const override;
+    /// Does nothing.
+    void SetXpStylesSupport(bool supported) override;
+    CHandle<IRasterPicture> CreateRasterPicture(size<int> pixels) const override;
+    int GetMonitorsCount() const override;
+    font GetDefaultFont() const override;
+    bool IsAppActive() const override;
+    IRunner* CreateRunner() override;
+    CHandle<ILock> CreateLock() override;
+    /// True as long as wx has not recorded its main thread.
+    bool IsMainThread() const override;
+};
+
+/// The one system object: registers itself with the toolkit.
+class VELA7_WX_API CSystemCreator : public CwxSystem
+{
+public:
+    CSystemCreator();
+};
+
+/// The system object. Lives from the loading of the library to the end of the process.
+VELA7_WX_API extern CSystemCreator SystemCreator;
+
+} // namespace vela7

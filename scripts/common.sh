@@ -1,0 +1,28 @@
+# Shared by the scripts of this directory; sourced, never run.
+# Sets ROOT, CACHE and WX_PREFIX, and gives say, die and need_tool.
+
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+CACHE=${XDG_CACHE_HOME:-${HOME:?HOME is not set}/.cache}/vela7
+WX_VERSION=3.0.5.1
+WX_PREFIX=${VELA7_WX_PREFIX:-$CACHE/wx-$WX_VERSION-gtk2}
+JOBS=${JOBS:-$(nproc)}
+
+say() { printf '[%s] %s\n' "${0##*/}" "$*"; }
+die() {
+    printf '[%s] error: %s\n' "${0##*/}" "$*" >&2
+    exit 1
+}
+
+# The wx-config of the reference platform: the one that WX_CONFIG names, else our own build.
+wx_config() { printf '%s\n' "${WX_CONFIG:-$WX_PREFIX/bin/wx-config}"; }
+
+# configure_and_build PRESET [TARGET...]: quiet when nothing is to be done.
+configure_and_build() {
+    local preset=$1
+    shift
+    say "building preset $preset"
+    (cd "$ROOT" && cmake --preset "$preset" >"$ROOT/build/$preset.configure.log" 2>&1) ||
+        { cat "$ROOT/build/$preset.configure.log" >&2; die "cmake --preset $preset failed"; }
+    (cd "$ROOT" && cmake --build --preset "$preset" -- -j"$JOBS" "$@") ||
+        die "the build of preset $preset failed"
+}

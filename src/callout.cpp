@@ -1,0 +1,31 @@
+#include "callout.h"
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+
+namespace vela7 {
+
+namespace {
+
+// False when the event loop is to be left.
+bool AskApplication()
+{
+    try {
+        return wxTheApp && wxTheApp->OnExceptionInMainLoop();
+    } catch (...) {
+        wxTheApp->OnUnhandledException();
+        return false;
+    }
+}
+
+} // namespace
+
+void ReportException() noexcept
+{
+    if (AskApplication())
+        return;
+    if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive())
+        loop->Exit();
+}
+
+} // namespace vela7

@@ -1,0 +1,49 @@
+#include "gtkport.h"
+
+#include <wx/app.h>
+#include <wx/renderer.h>
+#include <wx/version.h>
+#include <wx/window.h>
+
+// The deprecations of GTK's own headers are not ours to mend.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+#pragma GCC diagnostic ignored "-Wpedantic"
+#include <gtk/gtk.h>
+#pragma GCC diagnostic pop
+
+namespace vela7 {
+namespace gtkport {
+
+bool DisplayIsOpen()
+{
+    return gdk_display_get_default() != nullptr;
+}
+
+std::optional<double> ScreenResolution()
+{
+    GdkScreen* const screen = DisplayIsOpen() ? gdk_screen_get_default() : nullptr;
+    if (!screen)
+        return std::nullopt;
+    return gdk_screen_get_resolution(screen);
+}
+
+const void* Drawable(const wxWindow& window)
+{
+    GtkWidget* const widget = window.m_wxwindow ? window.m_wxwindow : window.m_widget;
+    return widget ? gtk_widget_get_window(widget) : nullptr;
+}
+
+wxSize CheckBoxSize()
+{
+    wxWindow* window = nullptr;
+#if wxCHECK_VERSION(3, 2, 0)
+    window = wxTheApp ? wxTheApp->GetTopWindow() : nullptr; // required there
+    if (!window)
+        return wxSize(0, 0);
+#endif
+    return wxRendererNative::Get().GetCheckBoxSize(window);
+}
+
+} // namespace gtkport
+} // namespace vela7

@@ -1,0 +1,251 @@
+// The painter's state.
+
+#include "vela7/wxpainter.h"
+
+#include "vela7/wxconvert.h"
+
+#include <wx/brush.h>
+#include <wx/pen.h>
+#include <wx/region.h>
+#include <wx/settings.h>
+
+namespace vela7 {
+
+namespace {
+
+struct OperationRow
+{
+    RasterOperation op;
+    wxRasterOperationMode wx;
+};
+
+struct PenRow
+{
+    int style;
+    wxPenStyle wx;
+};
+
+struct BrushRow
+{
+    int style;
+    wxBrushStyle wx;
+};
+
+// clang-format off
+constexpr OperationRow operations[] = {
+    {roCopy,       wxCOPY},
+    {roOr,         wxOR},
+    {roXor,        wxXOR},
+    {roAndInvert,  wxAND_INVERT},
+    {roSrcInvert,  wxSRC_INVERT},
+    {roOrInvert,   wxOR_INVERT},
+    {roEquiv,      wxEQUIV},
+    {roAnd,        wxAND},
+    {roInvert,     wxINVERT},
+    {roClear,      wxCLEAR},
+    {roSet,        wxSET},
+    {roNoOp,       wxNO_OP},
+    {roAndReverse, wxAND_REVERSE},
+    {roOrReverse,  wxOR_REVERSE},
+    {roNand,       wxNAND},
+    {roNor,        wxNOR},
+};
+
+constexpr PenRow pens[] = {
+    {psNone,       wxPENSTYLE_TRANSPARENT},
+    {psSolid,      wxPENSTYLE_SOLID},
+    {psDash,       wxPENSTYLE_SHORT_DASH},
+    {psDot,        wxPENSTYLE_DOT},
+    {psDashDot,    wxPENSTYLE_DOT_DASH},
+    {psDashDotDot, wxPENSTYLE_SOLID}, // Kept by contract: it has no counterpart and draws solid
+    {psAlternate,  wxPENSTYLE_USER_DASH},
+};
+
+constexpr BrushRow brushes[] = {
+    {bsNone,          wxBRUSHSTYLE_TRANSPARENT},
+    {bsSolid,         wxBRUSHSTYLE_SOLID},
+    {bsHorizontal,    wxBRUSHSTYLE_HORIZONTAL_HATCH},
+    {bsVertical,      wxBRUSHSTYLE_VERTICAL_HATCH},
+    {bsCross,         wxBRUSHSTYLE_CROSS_HATCH},
+    {bsBDiagonal,     wxBRUSHSTYLE_BDIAGONAL_HATCH},
+    {bsFDiagonal,     wxBRUSHSTYLE_FDIAGONAL_HATCH},
+    {bsDiagonalCross, wxBRUSHSTYLE_CROSSDIAG_HATCH},
+};
+// clang-format on
+
+wxPenStyle ToWxPenStyle(int style)
+{
+    for (const PenRow& row : pens)
+        if (row.style == style)
+            return row.wx;
+    return wxPENSTYLE_SOLID;
+}
+
+wxBrushStyle ToWxBrushStyle(int style)
+{
+    for (const BrushRow& row : brushes)
+        if (row.style == style)
+            return row.wx;
+    return wxBRUSHSTYLE_TRANSPARENT;
+}
+
+constexpr int wideFrom = 3; // pens of this width and more have square ends
+
+} // namespace
+
+wxRasterOperationMode vela2wx(RasterOperation op)
+{
+    for (const OperationRow& row : operations)
+        if (row.op == op)
+            return row.wx;
+    return wxCOPY;
+}
+
+wxDC* GetWxDC(IPainter* painter)
+{
+    return painter ? painter->GetDC() : nullptr;
+}
+
+void CwxPainter::SetBeginSettings()
+{
+    device->SetBrush(
+        wxBrush(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE), wxBRUSHSTYLE_TRANSPARENT));
+    device->SetPen(*wxBLACK_PEN);
+    device->SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
+}
+
+bool CwxPainter::DoSetLastCoord()
+{
+    return true;
+}
+
+// Kept by contract: the base converts the coordinates; the DC never transforms, or it would happen twice.
+void CwxPainter::internalScale(double, double) {}
+void CwxPainter::internalTranslate(double, double) {}
+
+// ---- colours and modes
+
+void CwxPainter::internalSetTextColor(const _color& color)
+{
+    device->SetTextForeground(vela2wx(color));
+}
+
+_color CwxPainter::GetTextColor()
+{
+    return device ? wx2vela(device->GetTextForeground()) : _color();
+}
+
+// The painter's background colour is the text's; the DC's background brush is another thing.
+void CwxPainter::internalSetBkColor(const _color& color)
+{
+    device->SetTextBackground(vela2wx(color));
+}
+
+_color CwxPainter::GetBkColor()
+{
+    return device ? wx2vela(device->GetTextBackground()) : _color();
+}
+
+void CwxPainter::SetBkMode(BkMode mode)
+{
+    if (device)
+        device->SetBackgroundMode(mode == bkTransparent ? wxTRANSPARENT : wxSOLID);
+}
+
+BkMode CwxPainter::GetBkMode()
+{
+    return device && device->GetBackgroundMode() != wxTRANSPARENT ? bkOpaque : bkTransparent;
+}
+
+void CwxPainter::SetRasterOperation(RasterOperation op)
+{
+    if (device)
+        device->SetLogicalFunction(vela2wx(op));
+}
+
+RasterOperation CwxPainter::GetRasterOperation()
+{
+    if (device)
+        for (const OperationRow& row : operations)
+            if (row.wx == device->GetLogicalFunction())
+                return row.op;
+    return roCopy;
+}
+
+// ---- pen, brush, font
+
+void CwxPainter::internalSetPen(const pen& value)
+{
+    static const wxDash alternate[] = {1, 2}; // wx keeps the pointer as long as the pen is selected
+    wxPen result(vela2wx(value.color), value.width, ToWxPenStyle(value.style));
+    if (value.width >= wideFrom) {
+        result.SetCap(wxCAP_BUTT);
+        result.SetJoin(wxJOIN_MITER);
+    }
+    if (value.style == psAlternate)
+        result.SetDashes(2, alternate);
+    device->SetPen(result);
+}
+
+void CwxPainter::internalSetBrush(const brush& value)
+{
+    wxBrush result = device->GetBrush();
+    result.SetColour(vela2wx(value.color));
+    result.SetStyle(ToWxBrushStyle(value.style));
+    device->SetBrush(result);
+}
+
+void CwxPainter::internalSetFont(const font& value)
+{
+    device->SetFont(vela2wx(value));
+}
+
+font CwxPainter::internalGetFont()
+{
+    return device ? wx2vela(device->GetFont()) : font();
+}
+
+void CwxPainter::internalGetFontMetrics(fontmetrics* metrics)
+{
+    if (!metrics)
+        return;
+    const wxFont current = device->GetFont();
+    wxCoord width = 0, height = 0, descent = 0, leading = 0;
+    device->GetTextExtent("Q", &width, &height, &descent, &leading);
+    *metrics = fontmetrics();
+    metrics->height = device->GetCharHeight();
+    metrics->descent = descent;
+    metrics->averageWidth = device->GetCharWidth();
+    metrics->externalLeading = leading;
+    if (!current.IsOk())
+        return;
+    metrics->bold = current.GetWeight() == wxFONTWEIGHT_BOLD;
+    metrics->italic = current.GetStyle() == wxFONTSTYLE_ITALIC;
+    metrics->underlined = current.GetUnderlined();
+}
+
+// ---- clipping
+
+void CwxPainter::internalSetClipRect(int l, int t, int r, int b, bool exclude)
+{
+    if (!exclude) {
+        device->SetClippingRegion(l, t, r - l, b - t);
+        return;
+    }
+    const rectangle<int> area = GetDrawRect();
+    wxRegion region(0, 0, area.Width(), area.Height());
+    region.Subtract(wxRect(l, t, r - l, b - t));
+    device->SetDeviceClippingRegion(region);
+}
+
+void CwxPainter::internalCancelClipping()
+{
+    device->DestroyClippingRegion();
+}
+
+double CwxPainter::internalGetDPIScale() const
+{
+    return device ? correctScaleWithDefaultFontSize(device->GetPPI().GetWidth() / 96.0) : 1.0;
+}
+
+} // namespace vela7

@@ -1,0 +1,57 @@
+// The painter's text.
+
+#include "vela7/wxpainter.h"
+
+#include "vela7/wxconvert.h"
+
+#include <wx/pen.h>
+
+#include <cctype>
+#include <cstring>
+
+namespace vela7 {
+
+namespace {
+
+wxString Decode(const char* text, int length)
+{
+    if (!text)
+        return {};
+    return wxString(text, wxConvLibc, length < 0 ? std::strlen(text) : static_cast<std::size_t>(length));
+}
+
+} // namespace
+
+void CwxPainter::internalDrawString(int x, int y, const char* text, int length)
+{
+    const wxString decoded = Decode(text, length);
+    const font& current = GetFont();
+    device->DrawRotatedText(decoded, x, y, current.angle / 10.0);
+    if (!(current.style & fsStrikeOut) || current.angle != 0)
+        return;
+    // Kept by contract: wx fonts cannot be struck out, and rotated text gets no line.
+    const wxPen before = device->GetPen();
+    device->SetPen(wxPen(vela2wx(GetTextColor()), 1, wxPENSTYLE_SOLID));
+    const wxSize extent = device->GetTextExtent(decoded);
+    const int line = y + static_cast<int>(extent.GetHeight() * 0.5 + 0.5);
+    device->DrawLine(x - 1, line, x + extent.GetWidth() + 1, line);
+    device->SetPen(before);
+}
+
+point<int> CwxPainter::internalGetTextSize(const char* text, const font* with, int length)
+{
+    const font before = with ? GetFont() : font();
+    if (with)
+        SetFont(*with);
+    const wxSize extent = device->GetTextExtent(Decode(text, length));
+    if (with)
+        SetFont(before);
+    point<int> result(extent.GetWidth(), extent.GetHeight());
+    const bool capital = text && length != 0 && std::isupper(static_cast<unsigned char>(*text));
+    // Kept by contract: unscaled, a leading capital counts one pixel less.
+    if (capital && GetDPIScale() == 1.0)
+        --result.x;
+    return result;
+}
+
+} // namespace vela7

@@ -1,0 +1,33 @@
+/// How the handlers of a toolkit window call its hooks. Included by the window's own source files only.
+#pragma once
+
+#include "callout.h"
+#include "vela7/velawxwindow.h"
+#include "vela7/wxsyswindow.h"
+
+namespace vela7 {
+
+/// Calls a hook. False: a listener destroyed the window. Then the event counts as handled whatever passOn says,
+/// since wx uses the window after an unhandled event.
+template <class Hook>
+bool CwxSysWindow::Deliver(wxEvent& event, Hook hook)
+{
+    const CLifeWatch alive = WatchLife();
+    const CVELAwxWindow::CDelivery delivery(*window);
+    CallOut(hook);
+    if (alive.IsAlive())
+        return true;
+    event.Skip(false);
+    event.StopPropagation();
+    return false;
+}
+
+/// The same for a hook that takes a record, with passOn copied back.
+template <class Record>
+void CwxSysWindow::DeliverRecord(wxEvent& event, Record& record, void (CSysWindow::*hook)(Record*))
+{
+    if (Deliver(event, [&] { (this->*hook)(&record); }))
+        event.Skip(record.passOn);
+}
+
+} // namespace vela7

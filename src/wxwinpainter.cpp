@@ -1,0 +1,142 @@
+#include "vela7/wxwinpainter.h"
+
+#include "vela7/wxconvert.h"
+#include "vela7/wxdrawbuffer.h"
+
+#include <wx/brush.h>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
+
+#include <algorithm>
+
+namespace vela7 {
+
+namespace {
+
+int livePainters = 0;
+
+} // namespace
+
+CwxWinPainter::CwxWinPainter(wxWindow* window) : m_window(window)
+{
+    ++livePainters;
+}
+
+CwxWinPainter::~CwxWinPainter()
+{
+    CDrawBufferManager& buffers = CDrawBufferManager::Get();
+    const bool inBufferedPaint = m_memory != nullptr;
+    DropDevices(); // before the bitmap that the memory DC has selected
+    if (inBufferedPaint)
+        buffers.Discard(this);
+    buffers.Forget(this);
+    // Without painters nobody can tell that the pictures are gone, and wx may go down next.
+    if (--livePainters == 0)
+        buffers.Clear();
+}
+
+void CwxWinPainter::InitDC()
+{
+    if (device || !m_window)
+        return;
+    m_own = std::make_unique<wxClientDC>(m_window);
+    device = m_own.get();
+    m_target = nullptr;
+}
+
+void CwxWinPainter::SetDC(wxDC* dc)
+{
+    EndAllPaints();
+    DropDevices();
+    device = dc;
+}
+
+void CwxWinPainter::DropDevices()
+{
+    device = nullptr;
+    m_target = nullptr;
+    m_memory.reset();
+    m_own.reset();
+    m_fullRepaint = true;
+}
+
+rectangle<int> CwxWinPainter::GetDrawRect()
+{
+    if (!m_window)
+        return {};
+    const wxPoint origin = m_window->GetClientAreaOrigin();
+    const wxSize client = m_window->GetClientSize();
+    return {origin.x, origin.y, origin.x + client.GetWidth(), origin.y + client.GetHeight()};
+}
+
+wxColour CwxWinPainter::FillColor() const
+{
+    _color color = GetBackgroundColor();
+    color.alpha = 255;
+    return vela2wx(color);
+}
+
+void CwxWinPainter::ClearDevice()
+{
+    if (GetBackgroundColor().flag != 0)
+        return;
+    device->SetBackground(wxBrush(FillColor(), wxBRUSHSTYLE_SOLID));
+    device->Clear();
+}
+
+bool CwxWinPainter::CreatePaintDevice(StdSettings settings)
+{
+    m_fullRepaint = true;
+    m_target = nullptr;
+    InitDC();
+    if (!device)
+        return false;
+    if (settings == ssBuffered)
+        return StartBuffered();
+    if (settings == ssClear)
+        ClearDevice();
+    return true;
+}
+
+bool CwxWinPainter::StartBuffered()
+{
+    const wxSize client = m_window ? m_window->GetClientSize() : wxSize(1, 1);
+    m_scale = m_window ? m_window->GetContentScaleFactor() : 1.0;
+    // A window without client area gets a buffer too: the smallest that wx can make.
+    wxBitmap* const bitmap =
+        CDrawBufferManager::Get().GetBuffer(this, std::max(client.GetWidth(), 1), std::max(client.GetHeight(), 1),
+                                            m_scale, &m_fullRepaint, FillColor());
+    if (!bitmap || !bitmap->IsOk())
+        return false;
+    m_memory = std::make_unique<wxMemoryDC>(*bitmap);
+    m_target = device;
+    device = m_memory.get();
+    ClearDevice();
+    return true;
+}
+
+void CwxWinPainter::internalEndPaint()
+{
+    if (m_memory && m_target && m_window && m_target->IsOk() && m_memory->IsOk()) {
+        const wxSize client = m_window->GetClientSize();
+        m_target->Blit(0, 0, client.GetWidth(), client.GetHeight(), m_memory.get(), 0, 0, wxCOPY, false);
+    }
+    DropDevices();
+}
+
+void CwxWinPainter::ScrollContent(int dx, int dy, int left, int top, int right, int bottom)
+{
+    if (m_memory || !m_window)
+        return;
+    const wxSize client = m_window->GetClientSize();
+    const int width = std::max(client.GetWidth(), dx + right + 1);
+    const int height = std::max(client.GetHeight(), dy + bottom + 1);
+    wxBitmap* const bitmap =
+        CDrawBufferManager::Get().GetExistingBuffer(this, width, height, m_scale, FillColor());
+    if (!bitmap)
+        return;
+    wxMemoryDC memory(*bitmap);
+    memory.Blit(left + dx, top + dy, right - left + 1, bottom - top + 1, &memory, left, top, wxCOPY, false);
+}
+
+} // namespace vela7
