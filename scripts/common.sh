@@ -18,6 +18,7 @@ wx_config() { printf '%s\n' "${WX_CONFIG:-$WX_PREFIX/bin/wx-config}"; }
 
 # configure_and_build PRESET [TARGET...]: quiet when nothing is to be done.
 configure_and_build() {
+    mkdir -p "$ROOT/build"
     local preset=$1
     shift
     say "building preset $preset"

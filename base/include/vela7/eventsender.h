@@ -179,6 +179,8 @@ public:
 
     bool Unsubscribe(INotify* subscriber, bool notice) override
     {
+        if (!subscriber) // the registry would take it for "any"
+            return false;
         const std::shared_ptr<ICausedEvents> registry = m_registry; // a notice may destroy this sender
         bool found = false;
         std::size_t cursor = 0;
@@ -235,14 +237,17 @@ private:
         return true;
     }
 
-    // Each listener is taken off its list before it is told, so that it may destroy others meanwhile.
+    // Each listener is taken off its list, wherever it stands in it, before it is told: it may destroy others
+    // meanwhile, and a subscriber that was told no longer unsubscribes.
     void StopAll()
     {
         m_dying = true;
         std::size_t cursor = 0;
         for (auto* list = m_registry->First(cursor); list; list = m_registry->Next(cursor))
-            while (INotify* const subscriber = list->PopFront())
+            while (INotify* const subscriber = list->PopFront()) {
+                list->Remove(subscriber);
                 subscriber->NoticeStopped(this);
+            }
     }
 
     std::shared_ptr<ICausedEvents> m_registry;

@@ -1,0 +1,69 @@
+#include "support/process.h"
+
+#include "support/waits.h"
+
+#include <cstdio>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <memory>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vela7::test {
+namespace {
+
+// Files rather than pipes: neither side can block on them, and a background process that keeps its end open
+// does not hold us up.
+using TemporaryFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+TemporaryFile MakeFile() { return {std::tmpfile(), std::fclose}; }
+
+pid_t Start(const std::vector<std::string>& arguments, int input, int output)
+{
+    std::vector<char*> argv;
+    for (const std::string& argument : arguments)
+        argv.push_back(const_cast<char*>(argument.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    pid_t child = 0;
+    const int error = posix_spawnp(&child, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    EXPECT_EQ(0, error) << argv[0] << ": " << std::strerror(error);
+    return error == 0 ? child : 0;
+}
+
+std::string ReadAll(std::FILE* file)
+{
+    std::string text;
+    char part[4096];
+    for (ssize_t got; (got = pread(fileno(file), part, sizeof part, static_cast<off_t>(text.size()))) > 0;)
+        text.append(part, static_cast<std::size_t>(got));
+    return text;
+}
+
+} // namespace
+
+ProgramResult RunProgram(const std::vector<std::string>& arguments, const std::string& input, long ms,
+                         const char* file, int line)
+{
+    const TemporaryFile in = MakeFile();
+    const TemporaryFile out = MakeFile();
+    std::fwrite(input.data(), 1, input.size(), in.get());
+    std::rewind(in.get());
+    const pid_t child = Start(arguments, fileno(in.get()), fileno(out.get()));
+    if (child == 0)
+        return {};
+    int status = 0;
+    const auto over = [&] { return waitpid(child, &status, WNOHANG) == child; };
+    if (!WaitFor(over, "the end of the program " + arguments[0], ms, file, line)) {
+        kill(child, SIGKILL);
+        waitpid(child, &status, 0);
+        return {-1, ReadAll(out.get())};
+    }
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadAll(out.get())};
+}
+
+} // namespace vela7::test
