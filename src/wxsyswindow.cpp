@@ -45,6 +45,17 @@ void TakeOff(wxWindow& window, wxEvtHandler& handler)
         }
 }
 
+// The rectangle between two corners as given: reversed ones stay reversed and give wx a negative extent.
+wxRect Between(int left, int top, int right, int bottom)
+{
+    rectangle<int> rect;
+    rect.left = left;
+    rect.top = top;
+    rect.right = right;
+    rect.bottom = bottom;
+    return vela2wx(rect);
+}
+
 rectangle<int> Normalised(const wxPoint& a, const wxPoint& b)
 {
     return {a.x, a.y, b.x, b.y};
@@ -103,6 +114,7 @@ CwxSysWindow::CwxSysWindow(wxWindow* parent, bool isChild_, WindowType type) : i
             FillParent(parent);
         defPainter = std::make_unique<CwxWinPainter>(window);
         defPainter->SetCanvas(this);
+        defPainter->SetCounted(false); // the window's own, whatever handles are made of it
         SetColors(type);
         Init();
     } catch (...) {
@@ -159,21 +171,16 @@ CwxSysWindow::~CwxSysWindow()
 
 void CwxSysWindow::SetWindowRect(int left, int top, int right, int bottom, bool update)
 {
-    rectangle<int> rect; // corners as given, not normalised
-    rect.left = left;
-    rect.top = top;
-    rect.right = right;
-    rect.bottom = bottom;
-    SetWindowRect(static_cast<screen_rectangle<int>>(rect), update);
+    const CLifeWatch alive = WatchLife();
+    const wxRect target = Between(left, top, right, bottom);
+    window->SetSize(target.x, target.y, target.width, target.height, wxSIZE_AUTO);
+    if (update && alive.IsAlive())
+        window->Update();
 }
 
 void CwxSysWindow::SetWindowRect(const screen_rectangle<int>& rect, bool update)
 {
-    const CLifeWatch alive = WatchLife();
-    const wxRect target = vela2wx(rect);
-    window->SetSize(target.x, target.y, target.width, target.height, wxSIZE_AUTO);
-    if (update && alive.IsAlive())
-        window->Update();
+    SetWindowRect(rect.left, rect.top, rect.right, rect.bottom, update);
 }
 
 rectangle<int> CwxSysWindow::GetWindowRect() const
@@ -274,13 +281,13 @@ void* CwxSysWindow::GetNativeHandle() const
 
 void CwxSysWindow::Invalidate(int left, int top, int right, int bottom)
 {
-    const wxRect rect = vela2wx(screen_rectangle<int>(left, top, right, bottom));
+    const wxRect rect = Between(left, top, right, bottom);
     window->Refresh(false, &rect);
 }
 
 void CwxSysWindow::Refresh(int left, int top, int right, int bottom, bool erase)
 {
-    const wxRect rect = vela2wx(screen_rectangle<int>(left, top, right, bottom));
+    const wxRect rect = Between(left, top, right, bottom);
     window->Refresh(erase, &rect);
     window->Update();
 }
@@ -300,7 +307,7 @@ void CwxSysWindow::ScrollContent(int dx, int dy, int left, int top, int right, i
         defPainter->ScrollContent(dx, dy, left, top, right, bottom);
         return;
     }
-    const wxRect area(left, top, right - left, bottom - top);
+    const wxRect area = Between(left, top, right, bottom);
     window->ScrollWindow(dx, dy, &area);
     const wxRect client(window->GetClientAreaOrigin(), window->GetClientSize());
     window->Refresh(false, &client);

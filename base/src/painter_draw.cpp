@@ -2,6 +2,7 @@
 
 #include "vela7/painter.h"
 
+#include "textlayout.h"
 #include "vela7/xpm.h"
 
 #include <algorithm>
@@ -15,6 +16,14 @@ int TextLength(const std::string& text, int length)
 {
     const int size = static_cast<int>(text.size());
     return length < 0 ? size : std::min(length, size);
+}
+
+// Where something of this extent begins between two borders.
+int Aligned(int low, int high, int extent, bool center, bool far)
+{
+    if (center)
+        return low + (high - low - extent) / 2;
+    return far ? high - extent : low;
 }
 
 } // namespace
@@ -157,13 +166,54 @@ size<double> IPainter::GetTextSize(const std::string& text, const font* with, in
 {
     if (!m_enabled)
         return {};
-    const point<int> device = internalGetTextSize(text.c_str(), with, TextLength(text, length));
-    size<double> logical(device.x, device.y);
+    return ToLogical(internalGetTextSize(text.c_str(), with, TextLength(text, length)));
+}
+
+point<int> IPainter::MeasureDevice(const std::string& text)
+{
+    return internalGetTextSize(text.c_str(), nullptr, static_cast<int>(text.size()));
+}
+
+// A width and a height in logical units.
+size<double> IPainter::ToLogical(const point<int>& extent) const
+{
+    size<double> logical(extent.x, extent.y);
     if (m_convert && m_sx != 0.0 && m_sy != 0.0) {
         logical.width /= std::fabs(m_sx);
         logical.height /= std::fabs(m_sy);
     }
     return logical;
+}
+
+size<double> IPainter::DrawStringEx(const std::string& text, const rectangle<double>& area, unsigned format,
+                                    int length, const char* breakSet)
+{
+    const std::string shown = text.substr(0, static_cast<std::size_t>(TextLength(text, length)));
+    if (!m_enabled || shown.empty())
+        return {};
+    const TextLayout layout([this](const std::string& piece) { return MeasureDevice(piece).x; },
+                            breakSet ? breakSet : "");
+    const int room = DeviceWidth(area.Width());
+    const std::vector<TextLine> lines = (format & tfSingleLine)
+                                            ? layout.Single(shown, room, (format & tfEndEllipsis) != 0)
+                                            : layout.Wrap(shown, room);
+    fontmetrics metrics;
+    internalGetFontMetrics(&metrics);
+    const int lineHeight = metrics.height + metrics.externalLeading;
+    const int height = lineHeight * static_cast<int>(lines.size());
+    int width = 0;
+    for (const TextLine& line : lines)
+        width = std::max(width, line.width);
+    if (!(format & tfMeasureOnly)) {
+        const DeviceRect d = ToDevice(area.left, area.top, area.right, area.bottom);
+        int y = Aligned(d.t, d.b, height, format & tfVCenter, format & tfBottom);
+        for (const TextLine& line : lines) {
+            const int x = Aligned(d.l, d.r, line.width, format & tfHCenter, format & tfRight);
+            internalDrawString(x, y, line.text.c_str(), static_cast<int>(line.text.size()));
+            y += lineHeight;
+        }
+    }
+    return ToLogical({width, height});
 }
 
 void IPainter::GetFontMetrics(fontmetrics* metrics)

@@ -23,7 +23,6 @@ enum BorderStyle
 
 /// Draws a frame with the colours of the painter's palette; right and bottom are inclusive. The interior is
 /// filled with the face colour unless frameOnly. Pen and brush are restored.
-/// Declared ahead of its body, which comes with the control elements.
 VELA7_BASE_API void DrawBorder(IPainter* painter, int left, int top, int right, int bottom, BorderShape shape,
                                BorderStyle style, bool frameOnly);
 

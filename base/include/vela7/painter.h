@@ -244,8 +244,11 @@ public:
     // ---- text; bytes in the C library's locale; length -1 = all
 
     void DrawString(double x, double y, const std::string& text, int length = -1);
-    /// Lays text out in a rectangle; answers width and height. Declared ahead of its body, which comes with
-    /// the text layout.
+    /// Lays text out in a rectangle; answers the width of the widest line and the height of all lines.
+    ///
+    /// format: TextFormat bits. Unless tfSingleLine is set, lines end at line breaks and, where the rectangle is
+    /// too narrow, behind a character of breakSet; blanks at such an end are left out. A piece that is wider than
+    /// the rectangle is broken between characters. Nothing is clipped. Empty text is (0, 0).
     size<double> DrawStringEx(const std::string& text, const rectangle<double>& area, unsigned format,
                               int length = -1, const char* breakSet = " \t\n\r");
     /// Logical units; with null: the painter's own font.
@@ -324,6 +327,8 @@ private:
     template <class... Params, class... Args>
     void OnRect(void (IPainter::*operation)(int, int, int, int, Params...), double l, double t, double r,
                 double b, const Args&... args);
+    point<int> MeasureDevice(const std::string& text);
+    size<double> ToLogical(const point<int>& extent) const;
     _color Tint(const _color& color) const { return m_grayScale ? ToGray(color) : color; }
     void SyncState();
 

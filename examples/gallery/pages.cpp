@@ -1,0 +1,20 @@
+#include "page.h"
+
+// To add a page: a file that defines gallery::Create<Name>Page, and its line here.
+#define GALLERY_PAGES(PAGE)                                                                                  \
+    PAGE(Shapes)                                                                                             \
+    PAGE(Events)
+
+namespace gallery {
+
+#define DECLARE_PAGE(name) std::unique_ptr<Page> Create##name##Page(vela7::ISysWindow& window);
+GALLERY_PAGES(DECLARE_PAGE)
+
+const std::vector<PageEntry>& AllPages()
+{
+#define PAGE_ENTRY(name) {#name, &Create##name##Page},
+    static const std::vector<PageEntry> pages{GALLERY_PAGES(PAGE_ENTRY)};
+    return pages;
+}
+
+} // namespace gallery
