@@ -1,5 +1,5 @@
-// A repaint of a whole 800 x 600 window, straight and through an off-screen buffer, against the same drawing on
-// bare DCs. The scene: cleared, then 200 filled rectangles, 200 lines and 50 texts.
+// A repaint of a whole 800 x 600 window, straight and through an off-screen buffer, against the same drawing
+// on bare DCs. The scene: cleared, then 200 filled rectangles, 200 lines and 50 texts.
 
 #include "scenes.h"
 
@@ -7,11 +7,11 @@
 #include "vela7/painter.h"
 #include "vela7/wxsyswindow.h"
 
+#include <wx/brush.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/frame.h>
 #include <wx/pen.h>
-#include <wx/brush.h>
 #include <wx/settings.h>
 
 namespace {
@@ -134,7 +134,9 @@ void RepaintWx(benchmark::State& state, bool buffered)
     Repaint(state, *window, window->paints);
 }
 
-BENCHMARK_CAPTURE(RepaintToolkit, direct, ssClear)->Name("repaint_direct/toolkit")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(RepaintToolkit, direct, ssClear)
+    ->Name("repaint_direct/toolkit")
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(RepaintWx, direct, false)->Name("repaint_direct/wx")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(RepaintToolkit, buffered, ssBuffered)
     ->Name("repaint_buffered/toolkit")

@@ -1,5 +1,5 @@
-// What the benchmarks share. Each scene runs twice in one run, as NAME/toolkit and NAME/wx, and does the same work
-// on both sides; bench/compare puts the two beside each other.
+// What the benchmarks share. Each scene runs twice in one run, as NAME/toolkit and NAME/wx, and does the same
+// work on both sides; bench/compare puts the two beside each other.
 #pragma once
 
 #include <benchmark/benchmark.h>

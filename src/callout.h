@@ -1,9 +1,9 @@
 /// Calls from GTK's frames into toolkit code.
 ///
 /// An exception must not unwind through GTK's C frames. It ends here, and the application decides through the
-/// means wx gives it: OnExceptionInMainLoop answering true goes on, false leaves the event loop. When it throws
-/// (wx's own rethrows), the exception counts as unhandled: OnUnhandledException hears of it and the event loop
-/// is left.
+/// means wx gives it: OnExceptionInMainLoop answering true goes on, false leaves the event loop. When it
+/// throws (wx's own rethrows), the exception counts as unhandled: OnUnhandledException hears of it and the
+/// event loop is left.
 #pragma once
 
 #include <utility>

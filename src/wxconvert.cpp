@@ -77,9 +77,8 @@ int ToFamily(int wx)
 
 wxFont vela2wx(const font& value)
 {
-    const int points = value.size < 1
-                           ? wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize()
-                           : value.size;
+    const int points =
+        value.size < 1 ? wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize() : value.size;
     wxFont result;
     result.Create(static_cast<int>(points * value.scale), ToWxFamily(value.family),
                   (value.style & fsItalic) ? wxFONTSTYLE_ITALIC : wxFONTSTYLE_NORMAL,

@@ -83,8 +83,8 @@ wxBitmap* CDrawBufferManager::GetBuffer(const CwxWinPainter* owner, int width, i
     return buffer.bitmap.get();
 }
 
-wxBitmap* CDrawBufferManager::GetExistingBuffer(const CwxWinPainter* owner, int width, int height, double scale,
-                                                const wxColour& fill)
+wxBitmap* CDrawBufferManager::GetExistingBuffer(const CwxWinPainter* owner, int width, int height,
+                                                double scale, const wxColour& fill)
 {
     const auto found = Find(owner);
     return found != m_buffers.end() ? found->GetBuffer(width, height, scale, fill) : nullptr;

@@ -108,8 +108,7 @@ wxDC* GetWxDC(IPainter* painter)
 
 void CwxPainter::SetBeginSettings()
 {
-    device->SetBrush(
-        wxBrush(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE), wxBRUSHSTYLE_TRANSPARENT));
+    device->SetBrush(wxBrush(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE), wxBRUSHSTYLE_TRANSPARENT));
     device->SetPen(*wxBLACK_PEN);
     device->SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
 }

@@ -23,8 +23,8 @@ int Shorten(int extent, int cut, int wanted)
 
 } // namespace
 
-void CwxPainter::internalDrawXPM(const XPMImage& image, int x, int y, int cx, int cy, int w, int h, double scale,
-                                 RasterOperation op)
+void CwxPainter::internalDrawXPM(const XPMImage& image, int x, int y, int cx, int cy, int w, int h,
+                                 double scale, RasterOperation op)
 {
     int width = Shorten(image.width, cx, w);
     int height = Shorten(image.height, cy, h);

@@ -1,13 +1,14 @@
 // Toolkit windows: construction, operations, factories.
 //
-// Who owns whom. The native window (CVELAwxWindow) owns the toolkit window: its destructor tells the listeners,
-// then deletes the CwxSysWindow. The toolkit window is pushed onto the native window's stack of event handlers,
-// so every event passes it first. A window that fills its parent also keeps a handler on the parent's stack.
-// Handlers are taken off by identity, never "whatever is on top": others push handlers as well.
+// Who owns whom. The native window (CVELAwxWindow) owns the toolkit window: its destructor tells the
+// listeners, then deletes the CwxSysWindow. The toolkit window is pushed onto the native window's stack of
+// event handlers, so every event passes it first. A window that fills its parent also keeps a handler on the
+// parent's stack. Handlers are taken off by identity, never "whatever is on top": others push handlers as
+// well.
 //
-// What may happen meanwhile. Every call that leaves this class (a hook, wx moving the focus, a repaint at once)
-// can end in a listener that destroys this window, its parent or the whole frame. So each such call is the last
-// thing an operation does, or is followed by a test of the life watch before a member is touched.
+// What may happen meanwhile. Every call that leaves this class (a hook, wx moving the focus, a repaint at
+// once) can end in a listener that destroys this window, its parent or the whole frame. So each such call is
+// the last thing an operation does, or is followed by a test of the life watch before a member is touched.
 
 #include "vela7/wxsyswindow.h"
 
@@ -129,7 +130,8 @@ void CwxSysWindow::CreateNative(wxWindow* parent)
 {
     auto native = std::make_unique<CVELAwxWindow>();
     native->Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                   wxCLIP_CHILDREN | wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE, "vela_wx_control");
+                   wxCLIP_CHILDREN | wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE,
+                   "vela_wx_control");
     window = native.release(); // now its parent's
     if (window->GetLayoutDirection() == wxLayout_RightToLeft)
         window->SetLayoutDirection(wxLayout_LeftToRight);
@@ -137,7 +139,8 @@ void CwxSysWindow::CreateNative(wxWindow* parent)
 
 void CwxSysWindow::FillParent(wxWindow* parent)
 {
-    m_parentHandler = std::make_unique<CPushedHandler>(*parent, std::make_unique<CParentResizeHandler>(window));
+    m_parentHandler =
+        std::make_unique<CPushedHandler>(*parent, std::make_unique<CParentResizeHandler>(window));
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(window, 1, wxEXPAND | wxALL, 0);
     parent->SetSizer(sizer);

@@ -7,8 +7,8 @@
 
 namespace vela7 {
 
-/// Calls a hook. False: a listener destroyed the window. Then the event counts as handled whatever passOn says,
-/// since wx uses the window after an unhandled event.
+/// Calls a hook. False: a listener destroyed the window. Then the event counts as handled whatever passOn
+/// says, since wx uses the window after an unhandled event.
 template <class Hook>
 bool CwxSysWindow::Deliver(wxEvent& event, Hook hook)
 {

@@ -103,9 +103,9 @@ bool CwxWinPainter::StartBuffered()
     const wxSize client = m_window ? m_window->GetClientSize() : wxSize(1, 1);
     m_scale = m_window ? m_window->GetContentScaleFactor() : 1.0;
     // A window without client area gets a buffer too: the smallest that wx can make.
-    wxBitmap* const bitmap =
-        CDrawBufferManager::Get().GetBuffer(this, std::max(client.GetWidth(), 1), std::max(client.GetHeight(), 1),
-                                            m_scale, &m_fullRepaint, FillColor());
+    wxBitmap* const bitmap = CDrawBufferManager::Get().GetBuffer(this, std::max(client.GetWidth(), 1),
+                                                                 std::max(client.GetHeight(), 1), m_scale,
+                                                                 &m_fullRepaint, FillColor());
     if (!bitmap || !bitmap->IsOk())
         return false;
     m_memory = std::make_unique<wxMemoryDC>(*bitmap);

@@ -32,8 +32,8 @@ struct Box
     int left, top, right, bottom; // inclusive
 };
 
-// Two sides of a frame; the corners at the far ends belong to the right and bottom sides. Filled strips, since the
-// end point of a line is not drawn.
+// Two sides of a frame; the corners at the far ends belong to the right and bottom sides. Filled strips,
+// since the end point of a line is not drawn.
 void DrawFrame(IPainter& painter, const Box& box, const _color& leftTop, const _color& rightBottom)
 {
     painter.SetBrush(brush{leftTop, bsSolid});
@@ -46,8 +46,8 @@ void DrawFrame(IPainter& painter, const Box& box, const _color& leftTop, const _
 
 } // namespace
 
-void DrawBorder(IPainter* painter, int left, int top, int right, int bottom, BorderShape shape, BorderStyle style,
-                bool frameOnly)
+void DrawBorder(IPainter* painter, int left, int top, int right, int bottom, BorderShape shape,
+                BorderStyle style, bool frameOnly)
 {
     if (!painter || right < left || bottom < top)
         return;
@@ -55,8 +55,10 @@ void DrawBorder(IPainter* painter, int left, int top, int right, int bottom, Bor
     const brush before = painter->GetBrush();
     Box inner{left, top, right, bottom};
     for (const FrameRow& row : frames)
-        if (row.shape == shape && row.style == style && inner.left <= inner.right && inner.top <= inner.bottom) {
-            DrawFrame(*painter, inner, palette.GetSystemColor(row.leftTop), palette.GetSystemColor(row.rightBottom));
+        if (row.shape == shape && row.style == style && inner.left <= inner.right &&
+            inner.top <= inner.bottom) {
+            DrawFrame(*painter, inner, palette.GetSystemColor(row.leftTop),
+                      palette.GetSystemColor(row.rightBottom));
             inner = {inner.left + 1, inner.top + 1, inner.right - 1, inner.bottom - 1};
         }
     if (!frameOnly && inner.left <= inner.right && inner.top <= inner.bottom) {

@@ -11,14 +11,14 @@ namespace vela7 {
 
 namespace {
 
-// Rounds half up; what no int can hold ends at the border, what is no number at 0.
+// Rounds half up. What is beyond any device ends where the difference of two coordinates still fits an int;
+// what is no number is 0.
 int Round(double v)
 {
-    constexpr double low = std::numeric_limits<int>::min();
-    constexpr double high = std::numeric_limits<int>::max();
+    constexpr double limit = std::numeric_limits<int>::max() / 2;
     if (std::isnan(v))
         return 0;
-    return static_cast<int>(std::clamp(std::floor(v + 0.5), low, high));
+    return static_cast<int>(std::clamp(std::floor(v + 0.5), -limit, limit));
 }
 
 } // namespace
@@ -43,10 +43,14 @@ void IPainter::internalDrawStringNative(const rectangle<int>& area, const std::s
 
 bool IPainter::BeginPaint(StdSettings settings)
 {
-    if (m_nesting++ > 0)
+    if (m_nesting > 0) {
+        ++m_nesting;
         return m_enabled;
+    }
     m_retained = false;
-    if (!CreatePaintDevice(settings))
+    const bool created = CreatePaintDevice(settings);
+    m_nesting = 1; // not before: a back-end that throws has opened no bracket
+    if (!created)
         return false;
     SetBeginSettings();
     m_enabled = true;
@@ -143,9 +147,8 @@ IPainter::DeviceRect IPainter::ToDevice(double l, double t, double r, double b) 
 const point<int>* IPainter::ToDevice(const point<double>* points, int count)
 {
     m_points.resize(static_cast<std::size_t>(count));
-    std::transform(points, points + count, m_points.begin(), [this](const point<double>& p) {
-        return point<int>(DeviceX(p.x), DeviceY(p.y));
-    });
+    std::transform(points, points + count, m_points.begin(),
+                   [this](const point<double>& p) { return point<int>(DeviceX(p.x), DeviceY(p.y)); });
     return m_points.data();
 }
 

@@ -30,8 +30,8 @@ int Aligned(int low, int high, int extent, bool center, bool far)
 
 // Calls an operation with a converted rectangle; outside a paint bracket nothing.
 template <class... Params, class... Args>
-void IPainter::OnRect(void (IPainter::*operation)(int, int, int, int, Params...), double l, double t, double r,
-                      double b, const Args&... args)
+void IPainter::OnRect(void (IPainter::*operation)(int, int, int, int, Params...), double l, double t,
+                      double r, double b, const Args&... args)
 {
     if (!m_enabled)
         return;

@@ -19,7 +19,8 @@ std::string WithoutTrailingBlanks(std::string text)
     return text;
 }
 
-// Where each character of the text ends, in the encoding of the current locale; a byte that is none counts as one.
+// Where each character of the text ends, in the encoding of the current locale; a byte that is none counts as
+// one.
 std::vector<std::size_t> CharacterEnds(const std::string& text)
 {
     std::vector<std::size_t> ends;
@@ -57,10 +58,11 @@ TextLine TextLayout::Line(std::string text) const
     return line;
 }
 
-// The index in ends, from first on, of the last one up to which the text fits; first itself even when it does not.
-// Gallops and then bisects, so that a long line costs few measurements.
-std::size_t TextLayout::LastFitting(const std::string& text, std::size_t from, const std::vector<std::size_t>& ends,
-                                    std::size_t first, int width, bool trim) const
+// The index in ends, from first on, of the last one up to which the text fits; first itself even when it does
+// not. Gallops and then bisects, so that a long line costs few measurements.
+std::size_t TextLayout::LastFitting(const std::string& text, std::size_t from,
+                                    const std::vector<std::size_t>& ends, std::size_t first, int width,
+                                    bool trim) const
 {
     const auto fits = [&](std::size_t i) {
         std::string piece = text.substr(from, ends[i] - from);

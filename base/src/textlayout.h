@@ -20,14 +20,15 @@ public:
     using Measure = std::function<int(const std::string&)>;
 
     /// breakSet: the characters after which a line may end.
-    TextLayout(Measure measure, std::string breakSet) : m_measure(std::move(measure)), m_breakSet(std::move(breakSet))
+    TextLayout(Measure measure, std::string breakSet)
+        : m_measure(std::move(measure)), m_breakSet(std::move(breakSet))
     {
     }
 
     /// One line, cut and ended by "..." when it is wider and an ellipsis is wanted.
     std::vector<TextLine> Single(const std::string& text, int width, bool ellipsis) const;
-    /// Ends lines at \n, \r and \r\n and where the next piece would not fit; a piece wider than the width is broken
-    /// between characters, at least one a line.
+    /// Ends lines at \n, \r and \r\n and where the next piece would not fit; a piece wider than the width is
+    /// broken between characters, at least one a line.
     std::vector<TextLine> Wrap(const std::string& text, int width) const;
 
 private:

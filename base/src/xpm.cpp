@@ -61,6 +61,8 @@ XPMBuf& XPMBuf::operator=(const XPMBuf& other)
 
 void XPMBuf::SetBuffer(const char* const* lines, bool copy)
 {
+    if (lines && lines == m_pointers.data())
+        return; // our own already
     Values values;
     const bool valid = lines && ReadValues(lines[0], values);
     m_count = valid ? 1 + values.colours + values.height : 0;

@@ -49,8 +49,8 @@ VELA7_WX_API std::uint32_t wx2velaKeyState(const wxKeyEvent& event);
 /// All buttons and modifiers that are down.
 VELA7_WX_API std::uint32_t wx2velaMouseState(const wxMouseEvent& event);
 
-/// The MouseButton of a press, a release, a double click and a move (the button held: left before right before
-/// middle); mbNone for other events.
+/// The MouseButton of a press, a release, a double click and a move (the button held: left before right
+/// before middle); mbNone for other events.
 VELA7_WX_API std::uint32_t wx2velaMouseBtn(const wxMouseEvent& event);
 VELA7_WX_API std::uint32_t wx2velaMouseBtnUp(const wxMouseEvent& event);
 VELA7_WX_API std::uint32_t wx2velaMouseBtnDClick(const wxMouseEvent& event);

@@ -28,8 +28,8 @@ public:
 
 /// The buffers of all window painters: at most 8, most recently used first.
 ///
-/// One for the process (Get). A bitmap keeps a painter's picture between its paints until 8 other painters have
-/// painted. Bitmaps belong to the manager; painters borrow them for the time of a paint. Thread: GUI.
+/// One for the process (Get). A bitmap keeps a painter's picture between its paints until 8 other painters
+/// have painted. Bitmaps belong to the manager; painters borrow them for the time of a paint. Thread: GUI.
 class VELA7_WX_API CDrawBufferManager
 {
 public:
@@ -49,8 +49,8 @@ public:
     wxBitmap* GetExistingBuffer(const CwxWinPainter* owner, int width, int height, double scale,
                                 const wxColour& fill = *wxWHITE);
 
-    /// A painter ends: its buffer keeps its place in the order, but no later painter at the same address takes
-    /// its picture for its own.
+    /// A painter ends: its buffer keeps its place in the order, but no later painter at the same address
+    /// takes its picture for its own.
     void Forget(const CwxWinPainter* owner);
     /// The painter's bitmap is deleted.
     void Discard(const CwxWinPainter* owner);

@@ -10,9 +10,9 @@ namespace vela7 {
 
 /// Forwards the toolkit's drawing to one wxDC; all coordinates that arrive are device pixels.
 ///
-/// Abstract: CwxWinPainter paints windows. Pen, brush, font, colours, raster operation and clipping live in the
-/// DC only and end with it. Whoever made a painter deletes it (a window its own, a handle others). Thread: GUI.
-/// Between BeginPaint and EndPaint only, except GetDC (null outside), SetCanvas, internalMoveTo,
+/// Abstract: CwxWinPainter paints windows. Pen, brush, font, colours, raster operation and clipping live in
+/// the DC only and end with it. Whoever made a painter deletes it (a window its own, a handle others).
+/// Thread: GUI. Between BeginPaint and EndPaint only, except GetDC (null outside), SetCanvas, internalMoveTo,
 /// internalGetCurrentPos and internalGetDPIScale (1.0 outside).
 /// Not drawn yet: raster pictures (no class exists, so none can be handed in) and control elements other than
 /// the focus rectangle.
@@ -60,8 +60,8 @@ public:
     void internalExtractRasterPicture(IRasterPicture* picture, int l, int t, int r, int b) override;
     void internalDrawRasterPictureEx(IRasterPicture* picture, int sl, int st, int sr, int sb, int dl, int dt,
                                      int dr, int db, RasterOperation op) override;
-    void internalExtractRasterPictureEx(IRasterPicture* picture, int pl, int pt, int pr, int pb, int sl, int st,
-                                        int sr, int sb) override;
+    void internalExtractRasterPictureEx(IRasterPicture* picture, int pl, int pt, int pr, int pb, int sl,
+                                        int st, int sr, int sb) override;
     void internalSetClipRect(int l, int t, int r, int b, bool exclude) override;
     void internalCancelClipping() override;
     void internalSetPen(const pen& value) override;

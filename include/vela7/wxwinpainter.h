@@ -1,8 +1,8 @@
 /// The painter of windows.
 #pragma once
 
-#include "vela7/wxpainter.h"
 #include "vela7/wxexport.h"
+#include "vela7/wxpainter.h"
 
 #include <wx/window.h>
 
@@ -17,8 +17,8 @@ namespace vela7 {
 
 /// Paints a wx window, straight or through an off-screen buffer that is shown in one go at the end.
 ///
-/// A toolkit window owns its default painter; CreatePainter hands out others in handles, which may outlive the
-/// window: then BeginPaint answers false. Outside a paint event it draws through a client DC of its own.
+/// A toolkit window owns its default painter; CreatePainter hands out others in handles, which may outlive
+/// the window: then BeginPaint answers false. Outside a paint event it draws through a client DC of its own.
 /// Thread: GUI.
 class VELA7_WX_API CwxWinPainter : public CwxPainter
 {
@@ -49,8 +49,8 @@ private:
     wxColour FillColor() const;
 
     wxWeakRef<wxWindow> m_window;
-    wxDC* m_target = nullptr;     // the window's DC while the device is m_memory
-    std::unique_ptr<wxDC> m_own;  // the client DC made by this painter
+    wxDC* m_target = nullptr;    // the window's DC while the device is m_memory
+    std::unique_ptr<wxDC> m_own; // the client DC made by this painter
     std::unique_ptr<wxDC> m_memory;
     bool m_fullRepaint = true;
     double m_scale = 1.0; // the window's content scale

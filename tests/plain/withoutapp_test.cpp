@@ -5,8 +5,8 @@
 #include "vela7/wxconvert.h"
 #include "vela7/wxmouse.h"
 #include "vela7/wxsyspalette.h"
-#include "vela7/wxsyswindow.h"
 #include "vela7/wxsystem.h"
+#include "vela7/wxsyswindow.h"
 
 #include <gtest/gtest.h>
 

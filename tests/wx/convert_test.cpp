@@ -98,7 +98,8 @@ TEST(ConvertFont, OnlyExactlyBoldAndItalicCount)
     EXPECT_EQ(0u, wx2vela(light).style);
 }
 
-// What comes back from a made font is the platform's choice, so the families are looked at where they survive.
+// What comes back from a made font is the platform's choice, so the families are looked at where they
+// survive.
 TEST(ConvertFont, Families)
 {
     struct Row
@@ -179,7 +180,8 @@ TEST(ConvertKeys, StateIsOneBitButMouseStateAll)
     for (const Row& row : rows) {
         wxKeyEvent key(wxEVT_KEY_DOWN);
         wxMouseEvent mouse(wxEVT_MOTION);
-        for (wxKeyboardState* state : {static_cast<wxKeyboardState*>(&key), static_cast<wxKeyboardState*>(&mouse)}) {
+        for (wxKeyboardState* state :
+             {static_cast<wxKeyboardState*>(&key), static_cast<wxKeyboardState*>(&mouse)}) {
             state->SetShiftDown(row.shift);
             state->SetAltDown(row.alt);
             state->SetControlDown(row.control);

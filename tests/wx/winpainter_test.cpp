@@ -66,9 +66,9 @@ TEST_F(Painter, RasterOperationsBothWays)
 TEST_F(Painter, PensByStyleAndWidth)
 {
     const CPaintScope scope(*painter, ssAsIs);
-    const wxPenStyle styles[] = {wxPENSTYLE_TRANSPARENT, wxPENSTYLE_SOLID,     wxPENSTYLE_SHORT_DASH,
-                                 wxPENSTYLE_DOT,         wxPENSTYLE_DOT_DASH,  wxPENSTYLE_SOLID,
-                                 wxPENSTYLE_USER_DASH,   wxPENSTYLE_SOLID,     wxPENSTYLE_SOLID};
+    const wxPenStyle styles[] = {wxPENSTYLE_TRANSPARENT, wxPENSTYLE_SOLID,    wxPENSTYLE_SHORT_DASH,
+                                 wxPENSTYLE_DOT,         wxPENSTYLE_DOT_DASH, wxPENSTYLE_SOLID,
+                                 wxPENSTYLE_USER_DASH,   wxPENSTYLE_SOLID,    wxPENSTYLE_SOLID};
     for (int style = 0; style < 9; ++style)
         for (int width = 1; width <= 4; ++width) {
             painter->SetPen(pen{_color(1, 2, 3), width, style});
@@ -216,8 +216,12 @@ TEST_F(Drawing, PolyLineRanges)
         wxRect box;
     };
     const Row rows[] = {
-        {5, 1, -1, wxRect(0, 10, 61, 1)}, {5, 3, 7, wxRect(40, 10, 21, 1)}, {5, 4, 2, wxRect()},
-        {5, -2, 2, wxRect(0, 0, 21, 11)}, {0, 0, -1, wxRect()},             {-3, 0, -1, wxRect()},
+        {5, 1, -1, wxRect(0, 10, 61, 1)},
+        {5, 3, 7, wxRect(40, 10, 21, 1)},
+        {5, 4, 2, wxRect()},
+        {5, -2, 2, wxRect(0, 0, 21, 11)},
+        {0, 0, -1, wxRect()},
+        {-3, 0, -1, wxRect()},
     };
     for (const Row& row : rows) {
         const Pixels p = Draw([&](IPainter& painter) {
@@ -226,7 +230,8 @@ TEST_F(Drawing, PolyLineRanges)
             painter.PolyBezier(points, 1);
         });
         const wxRect box = p.BoxOf(red);
-        EXPECT_LE(std::abs(row.box.width - box.width), 1) << row.first; // whether the last point counts is wx's
+        EXPECT_LE(std::abs(row.box.width - box.width), 1)
+            << row.first; // whether the last point counts is wx's
         EXPECT_EQ(row.box.GetTopLeft(), row.box.IsEmpty() ? row.box.GetTopLeft() : box.GetTopLeft());
         EXPECT_EQ(row.box.IsEmpty(), box.IsEmpty()) << row.first;
     }

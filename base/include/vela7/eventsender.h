@@ -118,8 +118,10 @@ bool Unsubscribe(IEventSender& sender, N* listener)
     return sender.Unsubscribe(static_cast<INotify*>(listener), typeid(N), true);
 }
 
-/// A listener that knows its senders: subscribe it with notice, and it unsubscribes itself when it dies.
+/// A listener that knows its senders and unsubscribes itself when it dies.
 ///
+/// Subscribe it for its own type N, and subscribe and unsubscribe it with notice (as the functions above do):
+/// that is how it knows.
 /// Derive from CSubscriber<IMouseNotify> instead of IMouseNotify. Whoever makes it deletes it.
 template <class N>
 class VELA7_BASE_API CSubscriber : public N
@@ -184,7 +186,8 @@ public:
         const std::shared_ptr<ICausedEvents> registry = m_registry; // a notice may destroy this sender
         bool found = false;
         std::size_t cursor = 0;
-        for (auto* list = registry->First(cursor, subscriber); list; list = registry->Next(cursor, subscriber)) {
+        for (auto* list = registry->First(cursor, subscriber); list;
+             list = registry->Next(cursor, subscriber)) {
             found = true;
             list->Remove(subscriber);
             if (notice)

@@ -3,8 +3,8 @@
 /// Each derives from INotify singly and not virtually, with INotify as its first base: the senders call
 /// through members of INotify. Every operation does nothing unless overridden. A class that listens to
 /// several families derives from several of these and subscribes each by its own type (see Subscribe in
-/// eventsender.h). Listeners belong to whoever made them; they unsubscribe before they die (CSubscriber does).
-/// Thread: GUI.
+/// eventsender.h). Listeners belong to whoever made them; they unsubscribe before they die (CSubscriber
+/// does). Thread: GUI.
 #pragma once
 
 #include "vela7/baseexport.h"
@@ -18,8 +18,8 @@ public:
     virtual ~INotify() = default;
     /// After a subscription that asked for notice.
     virtual void NoticeStarted(IEventSender*) {}
-    /// After an unsubscription that asked for notice, and always when the sender dies. Then only the pointer's
-    /// identity may be used, the sender is half gone.
+    /// After an unsubscription that asked for notice, and always when the sender dies. Then only the
+    /// pointer's identity may be used, the sender is half gone.
     virtual void NoticeStopped(IEventSender*) {}
 };
 

@@ -5,8 +5,8 @@
 ///
 /// Toolkit code calls the public operations with logical coordinates. They convert to device pixels
 /// (X = x * scale + translation, rounded half up) and call the internal... operations, which a back-end
-/// implements. Drawing works between BeginPaint and EndPaint; outside, operations do nothing and queries answer
-/// zeros and black. In rectangles right and bottom are exclusive.
+/// implements. Drawing works between BeginPaint and EndPaint; outside, operations do nothing and queries
+/// answer zeros and black. In rectangles right and bottom are exclusive.
 #pragma once
 
 #include "vela7/canvas.h"
@@ -123,8 +123,10 @@ public:
     virtual point<int> internalGetCurrentPos() = 0;
     virtual void internalLineTo(int x, int y) = 0;
     virtual void internalFillRect(int l, int t, int r, int b) = 0;
-    virtual void internalGradientH(int l, int t, int r, int b, _color from, _color to, unsigned long steps) = 0;
-    virtual void internalGradientV(int l, int t, int r, int b, _color from, _color to, unsigned long steps) = 0;
+    virtual void internalGradientH(int l, int t, int r, int b, _color from, _color to,
+                                   unsigned long steps) = 0;
+    virtual void internalGradientV(int l, int t, int r, int b, _color from, _color to,
+                                   unsigned long steps) = 0;
     virtual void internalRectangle(int l, int t, int r, int b) = 0;
     virtual void internalFocusRect(int l, int t, int r, int b) = 0;
     virtual void internalEllipse(int l, int t, int r, int b) = 0;
@@ -139,15 +141,15 @@ public:
     virtual void internalTranslate(double dx, double dy) = 0;
     virtual void internalDrawString(int x, int y, const char* text, int length) = 0;
     virtual void internalDrawStringNative(const rectangle<int>& area, const std::string& text, int format);
-    virtual void internalDrawXPM(const XPMImage& image, int x, int y, int cx, int cy, int w, int h, double scale,
-                                 RasterOperation op) = 0;
+    virtual void internalDrawXPM(const XPMImage& image, int x, int y, int cx, int cy, int w, int h,
+                                 double scale, RasterOperation op) = 0;
     virtual void internalDrawRasterPicture(IRasterPicture* picture, int l, int t, int r, int b,
                                            RasterOperation op) = 0;
     virtual void internalExtractRasterPicture(IRasterPicture* picture, int l, int t, int r, int b) = 0;
     virtual void internalDrawRasterPictureEx(IRasterPicture* picture, int sl, int st, int sr, int sb, int dl,
                                              int dt, int dr, int db, RasterOperation op) = 0;
-    virtual void internalExtractRasterPictureEx(IRasterPicture* picture, int pl, int pt, int pr, int pb, int sl,
-                                                int st, int sr, int sb) = 0;
+    virtual void internalExtractRasterPictureEx(IRasterPicture* picture, int pl, int pt, int pr, int pb,
+                                                int sl, int st, int sr, int sb) = 0;
     virtual void internalSetClipRect(int l, int t, int r, int b, bool exclude) = 0;
     virtual void internalCancelClipping() = 0;
     virtual void internalSetPen(const pen& value) = 0;
@@ -156,11 +158,13 @@ public:
     virtual void internalSetBkColor(const _color& color) = 0;
     virtual point<int> internalGetTextSize(const char* text, const font* with, int length) = 0;
     virtual void internalGetFontMetrics(fontmetrics* metrics) = 0;
-    virtual void internalDrawControlElement(ControlElement element, int l, int t, int r, int b, int state) = 0;
+    virtual void internalDrawControlElement(ControlElement element, int l, int t, int r, int b,
+                                            int state) = 0;
     virtual void internalSemiFillRect(int l, int t, int r, int b, _color color) = 0;
     virtual void internalSetFont(const font& value) = 0;
     virtual font internalGetFont() = 0;
-    virtual void internalAlphaBlend(int l, int t, int r, int b, IRasterPicture* picture, int transparency) = 0;
+    virtual void internalAlphaBlend(int l, int t, int r, int b, IRasterPicture* picture,
+                                    int transparency) = 0;
     virtual void internalAlphaBlend(int l, int t, int r, int b, IRasterPicture* picture,
                                     unsigned char* transparencies) = 0;
     virtual double internalGetDPIScale() const = 0;
@@ -246,9 +250,9 @@ public:
     void DrawString(double x, double y, const std::string& text, int length = -1);
     /// Lays text out in a rectangle; answers the width of the widest line and the height of all lines.
     ///
-    /// format: TextFormat bits. Unless tfSingleLine is set, lines end at line breaks and, where the rectangle is
-    /// too narrow, behind a character of breakSet; blanks at such an end are left out. A piece that is wider than
-    /// the rectangle is broken between characters. Nothing is clipped. Empty text is (0, 0).
+    /// format: TextFormat bits. Unless tfSingleLine is set, lines end at line breaks and, where the rectangle
+    /// is too narrow, behind a character of breakSet; blanks at such an end are left out. A piece that is
+    /// wider than the rectangle is broken between characters. Nothing is clipped. Empty text is (0, 0).
     size<double> DrawStringEx(const std::string& text, const rectangle<double>& area, unsigned format,
                               int length = -1, const char* breakSet = " \t\n\r");
     /// Logical units; with null: the painter's own font.

@@ -63,12 +63,12 @@ enum FontStyle : unsigned
 
 struct font
 {
-    std::string face;         ///< face name; empty = any
-    int family = ffDefault;   ///< FontFamily; other values count as ffDefault
-    int size = 0;             ///< points; below 1 = the system's default size
-    unsigned style = 0;       ///< FontStyle bits
-    std::int32_t angle = 0;   ///< of the text, tenths of a degree, counter-clockwise
-    double scale = 1.0;       ///< multiplies the size
+    std::string face;       ///< face name; empty = any
+    int family = ffDefault; ///< FontFamily; other values count as ffDefault
+    int size = 0;           ///< points; below 1 = the system's default size
+    unsigned style = 0;     ///< FontStyle bits
+    std::int32_t angle = 0; ///< of the text, tenths of a degree, counter-clockwise
+    double scale = 1.0;     ///< multiplies the size
 
     friend bool operator==(const font& a, const font& b)
     {

@@ -163,8 +163,8 @@ public:
 
 /// The platform-neutral half of a window: what back-ends derive theirs from.
 ///
-/// Each Process hook is what the back-end calls when something happened; it fires the record to the listeners,
-/// not beyond one that cleared passOn. The window may be destroyed when a hook returns.
+/// Each Process hook is what the back-end calls when something happened; it fires the record to the
+/// listeners, not beyond one that cleared passOn. The window may be destroyed when a hook returns.
 class VELA7_BASE_API CSysWindow : public CImplEventSender<ISysWindow>, public ICanvas
 {
 public:

@@ -21,7 +21,8 @@ public:
 
     /// Takes the lines: 1 + colours + height of them, as the values line "width height colours chars" says;
     /// no terminating null entry is read. copy false borrows them: the caller keeps them alive. Null lines
-    /// or a malformed values line (a number missing, negative, or too large a product) leave the buffer empty.
+    /// or a malformed values line (a number missing, negative, or too large a product) leave the buffer
+    /// empty.
     void SetBuffer(const char* const* lines, bool copy);
 
     /// Null when empty; valid until the next SetBuffer or the end of this object.
