@@ -22,8 +22,14 @@ void RecordFault(Fault kind, std::string text);
 // Hands out and forgets what was recorded, oldest first.
 std::vector<std::string> TakeFaults(Fault kind);
 std::vector<std::string> TakeAllFaults();
-inline std::vector<std::string> TakeAsserts() { return TakeFaults(Fault::wxAssert); }
-inline std::vector<std::string> TakeCriticals() { return TakeFaults(Fault::glibMessage); }
+inline std::vector<std::string> TakeAsserts()
+{
+    return TakeFaults(Fault::wxAssert);
+}
+inline std::vector<std::string> TakeCriticals()
+{
+    return TakeFaults(Fault::glibMessage);
+}
 
 // Takes the faults of a kind and fails the test unless there are exactly `count`, each containing `text`.
 void ExpectFaults(Fault kind, std::size_t count, const std::string& text = "",

@@ -20,8 +20,8 @@ bool ShowActive(wxTopLevelWindow* window, const char* file, int line)
     if (!window->IsActive())
         window->Raise();
     const auto ready = [window] { return Viewable(window) && window->IsActive(); };
-    const bool shown = WaitFor(ready, "'" + std::string(window->GetTitle().utf8_str()) + "' shown and active", 5000,
-                               file, line);
+    const bool shown = WaitFor(ready, "'" + std::string(window->GetTitle().utf8_str()) + "' shown and active",
+                               5000, file, line);
     Settle();
     return shown;
 }
@@ -43,7 +43,8 @@ void GuiTest::TearDown()
     if (WaitFor([] { return wxTopLevelWindows.empty(); }, "the end of all top-level windows", 2000))
         return;
     for (wxWindow* const left : wxTopLevelWindows) {
-        ADD_FAILURE() << "left behind: " << left->GetClassInfo()->GetClassName() << " '" << left->GetLabel() << '\'';
+        ADD_FAILURE() << "left behind: " << left->GetClassInfo()->GetClassName() << " '" << left->GetLabel()
+                      << '\'';
         left->Destroy(); // so that the next test starts on an empty screen
     }
 }

@@ -18,8 +18,8 @@ bool Viewable(const wxWindow* window);
 // Shows the window and waits until it is on the screen and has become the active one.
 bool ShowActive(wxTopLevelWindow* window, const char* file = __builtin_FILE(), int line = __builtin_LINE());
 
-// Gives each test a shown and active frame at (100,100) with a client area of 400x300, the pointer far from it
-// at (1,1). At the end the frame is destroyed, and no other top-level window may be left.
+// Gives each test a shown and active frame at (100,100) with a client area of 400x300, the pointer far from
+// it at (1,1). At the end the frame is destroyed, and no other top-level window may be left.
 class GuiTest : public testing::Test
 {
 protected:

@@ -13,12 +13,15 @@
 namespace vela7::test {
 namespace {
 
-std::string Utf8(const wxString& text) { return std::string(text.utf8_str()); }
-
-void RecordAssert(const wxString& file, int line, const wxString& func, const wxString& cond, const wxString& msg)
+std::string Utf8(const wxString& text)
 {
-    RecordFault(Fault::wxAssert,
-                Utf8(wxString::Format("%s:%d %s: %s / %s", file, line, func, cond, msg)));
+    return std::string(text.utf8_str());
+}
+
+void RecordAssert(const wxString& file, int line, const wxString& func, const wxString& cond,
+                  const wxString& msg)
+{
+    RecordFault(Fault::wxAssert, Utf8(wxString::Format("%s:%d %s: %s / %s", file, line, func, cond, msg)));
 }
 
 void RecordGLibMessage(const gchar* domain, GLogLevelFlags level, const gchar* message, gpointer)
@@ -31,12 +34,12 @@ void RecordGLibMessage(const gchar* domain, GLogLevelFlags level, const gchar* m
 
 class RecordingLog : public wxLog
 {
-    void DoLogTextAtLevel(wxLogLevel level, const wxString& text) override
+    void DoLogRecord(wxLogLevel level, const wxString& text, const wxLogRecordInfo& info) override
     {
         if (level <= wxLOG_Warning)
             RecordFault(Fault::wxLog, Utf8(text));
         else
-            std::fprintf(stderr, "%s\n", Utf8(text).c_str());
+            wxLog::DoLogRecord(level, text, info);
     }
 };
 

@@ -89,8 +89,14 @@ void MovePointer(int x, int y)
     Settle();
 }
 
-void Press(PointerButton button) { SetButton(button, true); }
-void Release(PointerButton button) { SetButton(button, false); }
+void Press(PointerButton button)
+{
+    SetButton(button, true);
+}
+void Release(PointerButton button)
+{
+    SetButton(button, false);
+}
 
 void Click(PointerButton button)
 {
@@ -118,8 +124,14 @@ void WheelDown()
     SetButton(5, false);
 }
 
-void KeyDown(unsigned long keysym) { SetKey(keysym, true); }
-void KeyUp(unsigned long keysym) { SetKey(keysym, false); }
+void KeyDown(unsigned long keysym)
+{
+    SetKey(keysym, true);
+}
+void KeyUp(unsigned long keysym)
+{
+    SetKey(keysym, false);
+}
 
 void Tap(unsigned long keysym)
 {
@@ -135,6 +147,9 @@ void ReleaseAll()
         SetKey(*heldKeys.begin(), false);
 }
 
-InputGuard::InputGuard() { SetDoubleClickTime(0); }
+InputGuard::InputGuard()
+{
+    SetDoubleClickTime(0);
+}
 
 } // namespace vela7::test

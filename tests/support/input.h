@@ -13,7 +13,8 @@ enum PointerButton
 };
 
 // Moves the pointer to a client position of the window and waits until wx has seen it there.
-bool MoveTo(const wxWindow* window, int x, int y, const char* file = __builtin_FILE(), int line = __builtin_LINE());
+bool MoveTo(const wxWindow* window, int x, int y, const char* file = __builtin_FILE(),
+            int line = __builtin_LINE());
 // Moves it to a screen position, where nobody needs to notice.
 void MovePointer(int x, int y);
 
@@ -47,8 +48,8 @@ private:
 // Lets go of every button and key that is still down.
 void ReleaseAll();
 
-// For the length of a test: its clicks are told apart by what it asks for, not by the clock, and nothing stays
-// pressed after it.
+// For the length of a test: its clicks are told apart by what it asks for, not by the clock, and nothing
+// stays pressed after it.
 class InputGuard
 {
 public:

@@ -38,7 +38,8 @@ void Save(const Pixels& picture, const std::string& name, const char* role)
     std::string path = name + "-" + role + ".png";
     std::replace(path.begin(), path.end(), '/', '_');
     path = (directory / path).string();
-    if (picture.Bounds().IsEmpty() || !picture.ToImage().SaveFile(wxString::FromUTF8(path.c_str()), wxBITMAP_TYPE_PNG))
+    if (picture.Bounds().IsEmpty() ||
+        !picture.ToImage().SaveFile(wxString::FromUTF8(path.c_str()), wxBITMAP_TYPE_PNG))
         ADD_FAILURE() << "cannot write " << path;
 }
 
@@ -56,7 +57,8 @@ Pixels::Pixels(const wxImage& image) : m_width(image.GetWidth()), m_height(image
 std::uint32_t Pixels::At(int x, int y) const
 {
     if (Bounds().Contains(x, y))
-        return m_colours[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) + static_cast<std::size_t>(x)];
+        return m_colours[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) +
+                         static_cast<std::size_t>(x)];
     ADD_FAILURE() << x << ',' << y << " is outside of the picture of " << m_width << 'x' << m_height;
     return 0xFFFFFFFF;
 }
@@ -87,8 +89,8 @@ wxImage Pixels::ToImage() const
     for (int y = 0; y < m_height; ++y)
         for (int x = 0; x < m_width; ++x) {
             const std::uint32_t colour = At(x, y);
-            image.SetRGB(x, y, static_cast<unsigned char>(colour >> 16), static_cast<unsigned char>(colour >> 8),
-                         static_cast<unsigned char>(colour));
+            image.SetRGB(x, y, static_cast<unsigned char>(colour >> 16),
+                         static_cast<unsigned char>(colour >> 8), static_cast<unsigned char>(colour));
         }
     return image;
 }
@@ -111,7 +113,10 @@ Pixels ReadPixels(wxWindow* window)
     return result;
 }
 
-Pixels ReadPixels(const wxBitmap& bitmap) { return Pixels(bitmap.ConvertToImage()); }
+Pixels ReadPixels(const wxBitmap& bitmap)
+{
+    return Pixels(bitmap.ConvertToImage());
+}
 
 void ExpectSamePixels(const Pixels& expected, const Pixels& actual, const std::string& name, const char* file,
                       int line)
@@ -123,10 +128,11 @@ void ExpectSamePixels(const Pixels& expected, const Pixels& actual, const std::s
     const std::string prefix = std::string(test->test_suite_name()) + "." + test->name() + "-" + name;
     Save(expected, prefix, "expected");
     Save(actual, prefix, "actual");
-    ADD_FAILURE_AT(file, line) << prefix << ": first difference at " << where.x << ',' << where.y << ": expected "
-                               << Describe(expected, where.x, where.y) << ", is "
+    ADD_FAILURE_AT(file, line) << prefix << ": first difference at " << where.x << ',' << where.y
+                               << ": expected " << Describe(expected, where.x, where.y) << ", is "
                                << Describe(actual, where.x, where.y) << " (sizes " << expected.Width() << 'x'
-                               << expected.Height() << " and " << actual.Width() << 'x' << actual.Height() << ')';
+                               << expected.Height() << " and " << actual.Width() << 'x' << actual.Height()
+                               << ')';
 }
 
 } // namespace vela7::test

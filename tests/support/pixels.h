@@ -24,7 +24,7 @@ public:
     std::uint32_t At(int x, int y) const; // outside: a failure, and a value that is no colour
     wxRect Bounds() const { return wxRect(0, 0, m_width, m_height); }
     int CountColour(const wxRect& area, std::uint32_t colour) const; // within area and picture
-    wxRect BoxOf(std::uint32_t colour) const; // the smallest that holds all pixels of the colour; empty if none
+    wxRect BoxOf(std::uint32_t colour) const; // the smallest with all pixels of the colour; empty if none
     wxImage ToImage() const;
 
 private:

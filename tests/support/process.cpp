@@ -16,7 +16,10 @@ namespace {
 // Files rather than pipes: neither side can block on them, and a background process that keeps its end open
 // does not hold us up.
 using TemporaryFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-TemporaryFile MakeFile() { return {std::tmpfile(), std::fclose}; }
+TemporaryFile MakeFile()
+{
+    return {std::tmpfile(), std::fclose};
+}
 
 pid_t Start(const std::vector<std::string>& arguments, int input, int output)
 {

@@ -13,8 +13,9 @@ struct ProgramResult
 };
 
 // Runs a program found in PATH while our loop keeps turning, so that it may ask this process for a selection.
-// A program that goes on in the background, as xclip does to serve its text, counts as over.
-ProgramResult RunProgram(const std::vector<std::string>& arguments, const std::string& input = "", long ms = 10000,
-                         const char* file = __builtin_FILE(), int line = __builtin_LINE());
+// A program that goes on in the background, as xclip does to serve its text, counts as over; whether it has
+// the selection by then is open, and must be waited for.
+ProgramResult RunProgram(const std::vector<std::string>& arguments, const std::string& input = "",
+                         long ms = 10000, const char* file = __builtin_FILE(), int line = __builtin_LINE());
 
 } // namespace vela7::test

@@ -16,7 +16,8 @@ void Drain()
 {
     const wxStopWatch clock;
     wxWakeUpIdle(); // without it, destroyed windows and deferred work may never be reached
-    while (gtk_events_pending() && clock.Time() < 500)
+    // The second question is for GTK 3, which holds input back in its own queue until the next frame.
+    while ((gtk_events_pending() || gdk_events_pending()) && clock.Time() < 500)
         gtk_main_iteration();
 }
 
@@ -40,7 +41,8 @@ void Settle()
     }
 }
 
-bool WaitFor(const std::function<bool()>& condition, const std::string& what, long ms, const char* file, int line)
+bool WaitFor(const std::function<bool()>& condition, const std::string& what, long ms, const char* file,
+             int line)
 {
     const wxStopWatch clock;
     while (!condition()) {

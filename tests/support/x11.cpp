@@ -20,8 +20,14 @@ Display* Server()
     return display;
 }
 
-Window Root() { return DefaultRootWindow(Server()); }
-Atom Name(const char* name) { return XInternAtom(Server(), name, False); }
+Window Root()
+{
+    return DefaultRootWindow(Server());
+}
+Atom Name(const char* name)
+{
+    return XInternAtom(Server(), name, False);
+}
 
 bool HasWindowManager()
 {
@@ -30,8 +36,8 @@ bool HasWindowManager()
     unsigned long count = 0;
     unsigned long rest = 0;
     unsigned char* data = nullptr;
-    XGetWindowProperty(Server(), Root(), Name("_NET_SUPPORTING_WM_CHECK"), 0, 1, False, AnyPropertyType, &type,
-                       &format, &count, &rest, &data);
+    XGetWindowProperty(Server(), Root(), Name("_NET_SUPPORTING_WM_CHECK"), 0, 1, False, AnyPropertyType,
+                       &type, &format, &count, &rest, &data);
     if (data)
         XFree(data);
     return type != None;
@@ -104,8 +110,8 @@ std::vector<std::uint32_t> ReadScreen(int x, int y, int width, int height)
         return {};
     const auto freeImage = [](XImage* image) { XDestroyImage(image); };
     const std::unique_ptr<XImage, decltype(freeImage)> image(
-        XGetImage(Server(), Root(), x, y, static_cast<unsigned>(width), static_cast<unsigned>(height), AllPlanes,
-                  ZPixmap),
+        XGetImage(Server(), Root(), x, y, static_cast<unsigned>(width), static_cast<unsigned>(height),
+                  AllPlanes, ZPixmap),
         freeImage);
     std::vector<std::uint32_t> pixels;
     pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));

@@ -8,7 +8,7 @@
 namespace vela7::test::x11 {
 
 void MovePointer(int x, int y);
-void Button(int number, bool down); // 1 left, 2 middle, 3 right, 4 and 5 wheel
+void Button(int number, bool down);        // 1 left, 2 middle, 3 right, 4 and 5 wheel
 bool Key(unsigned long keysym, bool down); // false when the keyboard has no such key
 
 // A round trip through the window manager, which has then dealt with all earlier input (it holds each press

@@ -98,33 +98,58 @@ TEST(ConvertFont, OnlyExactlyBoldAndItalicCount)
     EXPECT_EQ(0u, wx2vela(light).style);
 }
 
-// What comes back from a made font is the platform's choice, so the families are looked at where they
-// survive.
-TEST(ConvertFont, Families)
+// A font whose family reads back as it was given; the platform's own answers only a few.
+class FontOfFamily : public wxFont
+{
+public:
+    explicit FontOfFamily(wxFontFamily family)
+        : wxFont(10, wxFONTFAMILY_DEFAULT, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL), m_family(family)
+    {
+    }
+
+protected:
+    wxFontFamily DoGetFamily() const override { return m_family; }
+
+private:
+    const wxFontFamily m_family;
+};
+
+TEST(ConvertFont, FamiliesFromWx)
 {
     struct Row
     {
-        int family;
         wxFontFamily wx;
+        int family;
     };
-    for (const Row& row : {Row{0, wxFONTFAMILY_SWISS}, Row{1, wxFONTFAMILY_ROMAN}}) {
+    const Row rows[] = {
+        {wxFONTFAMILY_DECORATIVE, 3}, {wxFONTFAMILY_ROMAN, 1},   {wxFONTFAMILY_SCRIPT, 4},
+        {wxFONTFAMILY_SWISS, 0},      {wxFONTFAMILY_MODERN, 2},  {wxFONTFAMILY_TELETYPE, 4},
+        {wxFONTFAMILY_DEFAULT, 4},    {wxFONTFAMILY_UNKNOWN, 4},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(row.family, wx2vela(FontOfFamily(row.wx)).family) << row.wx;
+}
+
+// Towards wx a family shows only in the face that the platform picks for it.
+TEST(ConvertFont, FamiliesToWx)
+{
+    const auto face = [](int family) {
         font f;
         f.size = 10;
-        f.family = row.family;
-        EXPECT_EQ(row.wx, vela2wx(f).GetFamily()) << row.family;
-        EXPECT_EQ(row.family, wx2vela(wxFont(10, row.wx, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL)).family);
-    }
-    EXPECT_EQ(4, wx2vela(wxFont(10, wxFONTFAMILY_TELETYPE, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL)).family);
-    font modern;
-    modern.size = 10;
-    modern.family = 2;
-    EXPECT_EQ("Monospace", vela2wx(modern).GetFaceName()); // fixed pitch, unlike the default
-    font unknown = modern;
-    for (const int family : {4, -1, 5, 99}) {
-        unknown.family = family;
-        EXPECT_NE("Monospace", vela2wx(unknown).GetFaceName()) << family;
-        EXPECT_TRUE(vela2wx(unknown).IsOk());
-    }
+        f.family = family;
+        return vela2wx(f).GetFaceName();
+    };
+    const auto wxFace = [](wxFontFamily family) {
+        return wxFont(10, family, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL).GetFaceName();
+    };
+    EXPECT_EQ(wxFace(wxFONTFAMILY_SWISS), face(0));
+    EXPECT_EQ(wxFace(wxFONTFAMILY_ROMAN), face(1));
+    EXPECT_EQ(wxFace(wxFONTFAMILY_MODERN), face(2));
+    EXPECT_EQ(wxFace(wxFONTFAMILY_DECORATIVE), face(3));
+    EXPECT_NE(face(1), face(2));
+    EXPECT_NE(face(0), face(2));
+    for (const int family : {4, -1, 5, 99})
+        EXPECT_EQ(wxFace(wxFONTFAMILY_DEFAULT), face(family)) << family;
 }
 
 TEST(ConvertFont, InvalidFontIsTheDefaultOne)
