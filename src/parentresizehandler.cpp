@@ -9,14 +9,14 @@ wxBEGIN_EVENT_TABLE(CParentResizeHandler, wxEvtHandler)
     EVT_SIZE(CParentResizeHandler::sizeEvent)
     EVT_SET_FOCUS(CParentResizeHandler::focusInEvent)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    // Both events end here: the handlers return without skipping, and touch nothing after calling out, since
-    // a listener may destroy the toolkit window and this handler with it.
+// Both events end here: the handlers return without skipping, and touch nothing after calling out, since
+// a listener may destroy the toolkit window and this handler with it.
 
-    void CParentResizeHandler::sizeEvent(wxSizeEvent& event)
+void CParentResizeHandler::sizeEvent(wxSizeEvent& event)
 {
-    if (auto* const parent = wxDynamicCast(event.GetEventObject(), wxWindow))
+    if (auto* const parent = dynamic_cast<wxWindow*>(event.GetEventObject()))
         parent->Layout();
 }
 

@@ -112,19 +112,22 @@ void TextLayout::WrapParagraph(const std::string& paragraph, int width, std::vec
 {
     const std::vector<std::size_t> pieces = PieceEnds(paragraph, m_breakSet);
     std::size_t from = 0;
-    for (std::size_t piece = 0; piece < pieces.size(); ++piece) {
-        piece = LastFitting(paragraph, from, pieces, piece, width, true);
-        TextLine line = Line(WithoutTrailingBlanks(paragraph.substr(from, pieces[piece] - from)));
-        while (line.width > width) { // one piece alone is too wide
+    for (std::size_t piece = 0; piece < pieces.size();) {
+        const std::size_t last = LastFitting(paragraph, from, pieces, piece, width, true);
+        TextLine line = Line(WithoutTrailingBlanks(paragraph.substr(from, pieces[last] - from)));
+        std::size_t next = pieces[last];
+        if (line.width > width) { // one piece alone is too wide: its rest begins the next line
             const std::vector<std::size_t> ends = CharacterEnds(line.text);
-            const std::size_t last = LastFitting(line.text, 0, ends, 0, width, false);
-            if (last + 1 == ends.size())
-                break;
-            lines.push_back(Line(line.text.substr(0, ends[last])));
-            line = Line(line.text.substr(ends[last]));
+            const std::size_t end = ends.empty() ? 0 : ends[LastFitting(line.text, 0, ends, 0, width, false)];
+            if (end < line.text.size()) {
+                next = from + end;
+                line = Line(line.text.substr(0, end));
+            }
         }
         lines.push_back(std::move(line));
-        from = pieces[piece];
+        from = next;
+        if (from == pieces[last])
+            piece = last + 1;
     }
 }
 
