@@ -129,14 +129,15 @@ int IPainter::DeviceY(double y) const
     return Round(m_convert ? y * m_sy + m_ty : y);
 }
 
+// Extents: a mirrored painter does not turn them round.
 int IPainter::DeviceWidth(double width) const
 {
-    return Round(m_convert ? width * m_sx : width);
+    return Round(m_convert ? width * std::fabs(m_sx) : width);
 }
 
 int IPainter::DeviceHeight(double height) const
 {
-    return Round(m_convert ? height * m_sy : height);
+    return Round(m_convert ? height * std::fabs(m_sy) : height);
 }
 
 IPainter::DeviceRect IPainter::ToDevice(double l, double t, double r, double b) const

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace vela7 {
 
@@ -194,7 +193,7 @@ size<double> IPainter::DrawStringEx(const std::string& text, const rectangle<dou
         return {};
     const TextLayout layout([this](const std::string& piece) { return MeasureDevice(piece).x; },
                             breakSet ? breakSet : "");
-    const int room = std::abs(DeviceWidth(area.Width())); // a mirrored painter has negative ones
+    const int room = DeviceWidth(area.Width());
     const std::vector<TextLine> lines = (format & tfSingleLine)
                                             ? layout.Single(shown, room, (format & tfEndEllipsis) != 0)
                                             : layout.Wrap(shown, room);
