@@ -21,18 +21,15 @@ std::set<const void*>& Lingering()
     return storages;
 }
 
-// Gives the storage of a deleted window back when wx deletes its pending objects.
-class CStorage : public wxObject
+// What wx finds where a window was that died in the middle of its own event: a window that was never created,
+// until the next idle pass.
+class CRemains : public CVELAwxWindow
 {
-public:
-    explicit CStorage(void* storage) : m_storage(storage) {}
-    ~CStorage() override { ::operator delete(m_storage); }
-    CStorage(const CStorage&) = delete;
-    CStorage& operator=(const CStorage&) = delete;
-
-private:
-    void* m_storage;
+    // wx's own ones assert that there is a native window.
+    void DoClientToScreen(int*, int*) const override {}
+    bool IsTransparentBackgroundSupported(wxString*) const override { return false; }
 };
+static_assert(sizeof(CRemains) == sizeof(CVELAwxWindow), "it takes the place of one");
 
 } // namespace
 
@@ -40,8 +37,18 @@ private:
 // window that they report to, and the stack of event handlers is clean before wx looks at it.
 CVELAwxWindow::~CVELAwxWindow()
 {
-    if (owner)
+    if (owner) {
+        // A listener may destroy the parent, which must not delete this window a second time.
+        const wxWeakRef<wxWindow> parent(GetParent());
+        owner->LeaveParent();
+        if (parent)
+            parent->GetChildren().DeleteObject(this);
         owner->ProcessDestroy();
+        if (parent)
+            parent->GetChildren().Append(this);
+        else
+            m_parent = nullptr;
+    }
     if (HasCapture())
         ReleaseMouse();
     DestroyChildren();
@@ -55,9 +62,12 @@ CVELAwxWindow::~CVELAwxWindow()
 
 bool CVELAwxWindow::Destroy()
 {
+    if (owner && owner->IsDestroyed())
+        return true; // under way: a listener wants what it is being told of
     if (m_deliveries == 0 || !wxTheApp)
         return wxWindow::Destroy();
-    Hide();
+    if (!HasFocus()) // GTK complains when the focus vanishes while it arrives
+        Hide();
     if (!wxTheApp->IsScheduledForDestruction(this))
         wxTheApp->ScheduleForDestruction(this);
     return true;
@@ -72,7 +82,7 @@ bool CVELAwxWindow::Destroy()
 void CVELAwxWindow::operator delete(void* storage)
 {
     if (Lingering().erase(storage) > 0 && wxTheApp)
-        wxTheApp->ScheduleForDestruction(new CStorage(storage));
+        wxTheApp->ScheduleForDestruction(::new (storage) CRemains);
     else
         ::operator delete(storage);
 }
@@ -90,7 +100,7 @@ CVELAwxWindow::CDelivery::~CDelivery()
 
 CwxSysWindow* GetWrapper(wxWindow* window)
 {
-    const auto* const native = wxDynamicCast(window, CVELAwxWindow);
+    const auto* const native = dynamic_cast<const CVELAwxWindow*>(window);
     return native ? native->owner : nullptr;
 }
 

@@ -147,6 +147,12 @@ void CwxSysWindow::FillParent(wxWindow* parent)
     parent->Layout();
 }
 
+// At the beginning of the end: the parent may go before this window is through.
+void CwxSysWindow::LeaveParent()
+{
+    m_parentHandler.reset();
+}
+
 void CwxSysWindow::SetColors(WindowType type)
 {
     const bool panel = type == wtPanel;
@@ -345,6 +351,9 @@ int CwxSysWindow::GetCanvasMetrics(CanvasMetrics metric) const
 {
     const wxClientDC& client = GetClientDC();
     const wxScreenDC& screen = GetScreenDC();
+    // Before the window is realised its DC has nothing to measure, and asserts when it is asked to.
+    if (!m_clientDrawable && (metric <= cmHeightMM || metric == cmColors))
+        return metric == cmColors ? 1 : 0;
     switch (metric) {
     case cmWidth:
         return client.GetSize().GetWidth();

@@ -49,11 +49,11 @@ wxBEGIN_EVENT_TABLE(CwxSysWindow, wxEvtHandler)
     wx__DECLARE_EVT0(wxEVT_SYNC_RUN, wxEVENT_HANDLER_CAST(SyncEventFunction, CwxSysWindow::syncEvent))
     EVT_NAVIGATION_KEY(CwxSysWindow::navigationEvent)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    // ---- mouse
+// ---- mouse
 
-    CMouseEvent CwxSysWindow::MakeMouseRecord(const wxMouseEvent& event, std::uint32_t button)
+CMouseEvent CwxSysWindow::MakeMouseRecord(const wxMouseEvent& event, std::uint32_t button)
 {
     CMouseEvent record(this);
     record.state = wx2velaMouseState(event);

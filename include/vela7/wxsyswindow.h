@@ -107,6 +107,7 @@ private:
 
     void CreateNative(wxWindow* parent);
     void FillParent(wxWindow* parent);
+    void LeaveParent();
     void SetColors(WindowType type);
     wxClientDC& GetClientDC() const;
     wxScreenDC& GetScreenDC() const;

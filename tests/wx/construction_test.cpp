@@ -1,0 +1,208 @@
+// How toolkit windows come into a wx application, in which surroundings, and how they leave it.
+#include "windowhelpers.h"
+
+#include "vela7/palette.h"
+#include "vela7/parentresizehandler.h"
+
+#include <stdexcept>
+#include <wx/app.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+
+using namespace vela7;
+using namespace vela7::test;
+
+namespace {
+
+class Construction : public GuiTest
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_NO_FATAL_FAILURE(GuiTest::SetUp());
+        panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 300));
+        Settle();
+    }
+    CwxSysWindow* Fill() { return new CwxSysWindow(panel, false, ISysWindow::wtNormal); }
+    // No toolkit window and no trace of one is left on the panel.
+    void ExpectBare()
+    {
+        EXPECT_TRUE(panel->GetChildren().empty());
+        EXPECT_EQ(panel, panel->GetEventHandler());
+    }
+
+    wxPanel* panel = nullptr;
+};
+
+class CountingHandler : public wxEvtHandler
+{
+public:
+    int moves = 0;
+    bool ProcessEvent(wxEvent& event) override
+    {
+        moves += event.GetEventType() == wxEVT_MOTION;
+        return wxEvtHandler::ProcessEvent(event);
+    }
+};
+
+// Fails to answer as long as it is installed.
+class ThrowingPalette : public ISysPalette
+{
+public:
+    ThrowingPalette() { SetSysPalette(this); }
+    ~ThrowingPalette() override { SetSysPalette(m_before); }
+    _color GetSystemColor(SysColor) const override { throw std::runtime_error("out of colours"); }
+
+private:
+    ISysPalette* const m_before = GetSysPalette();
+};
+
+class ThrowingPanel : public wxPanel
+{
+public:
+    using wxPanel::wxPanel;
+    bool throws = true;
+    bool Layout() override
+    {
+        if (throws)
+            throw std::runtime_error("no room");
+        return wxPanel::Layout();
+    }
+};
+
+} // namespace
+
+TEST_F(Construction, FillingWindowFollowsItsParent)
+{
+    panel->SetSizer(new wxBoxSizer(wxHORIZONTAL)); // is replaced
+    CwxSysWindow* const window = Fill();
+    wxWindow* const native = Native(window);
+    EXPECT_EQ("vela_wx_control", native->GetName());
+    EXPECT_STREQ(wxT("vela7::CVELAwxWindow"), native->GetClassInfo()->GetClassName());
+    EXPECT_EQ(wxRect(0, 0, 400, 300), native->GetRect());
+    ASSERT_NE(nullptr, panel->GetSizer());
+    EXPECT_EQ(wxVERTICAL, static_cast<wxBoxSizer*>(panel->GetSizer())->GetOrientation());
+    EXPECT_NE(nullptr, panel->GetSizer()->GetItem(native));
+
+    Recorder heard(window);
+    heard.Hear<IWindowNotify, IFocusNotify>();
+    frame->SetClientSize(300, 200);
+    EXPECT_TRUE(WaitFor([&] { return native->GetSize() == wxSize(300, 200); }, "the window resized"));
+    EXPECT_EQ(Lines{"resize 300,200"}, heard.Take());
+    // The parent hands its focus on.
+    wxFocusEvent focus(wxEVT_SET_FOCUS);
+    focus.SetEventObject(panel);
+    EXPECT_TRUE(panel->HandleWindowEvent(focus));
+    EXPECT_TRUE(native->HasFocus());
+    EXPECT_EQ(Lines{"focus"}, heard.Take());
+    native->Destroy();
+    ExpectBare();
+}
+
+TEST_F(Construction, ChildLeavesItsParentAlone)
+{
+    auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
+    panel->SetSizer(sizer);
+    CwxSysWindow* const window = new CwxSysWindow(panel, true, ISysWindow::wtPanel);
+    EXPECT_EQ(sizer, panel->GetSizer());
+    EXPECT_EQ(nullptr, sizer->GetItem(Native(window)));
+    EXPECT_EQ(panel, panel->GetEventHandler());
+}
+
+TEST_F(Construction, TwoFillingWindowsEndInAnyOrder)
+{
+    for (const int first : {0, 1, 2}) {
+        SCOPED_TRACE(first);
+        CwxSysWindow* const windows[] = {Fill(), Fill()};
+        wxWindow* const natives[] = {Native(windows[0]), Native(windows[1])};
+        panel->SetSize(400, 299);
+        panel->SetSize(400, 300);
+        EXPECT_EQ(wxSize(400, 300), natives[1]->GetSize());
+        if (first == 2) { // both with the parent
+            panel->Destroy();
+            panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 300));
+        } else {
+            natives[first]->Destroy();
+            EXPECT_EQ(windows[1 - first], GetWrapper(natives[1 - first]));
+            panel->SetSize(200, 100);
+            natives[1 - first]->Destroy();
+        }
+        ExpectBare();
+    }
+}
+
+TEST_F(Construction, ForeignHandlersStay)
+{
+    CwxSysWindow* const window = Fill();
+    wxWindow* const native = Native(window);
+    CountingHandler onParent, onNative;
+    panel->PushEventHandler(&onParent);
+    native->PushEventHandler(&onNative);
+    Settle();
+    ASSERT_TRUE(MoveTo(native, 30, 40));
+    EXPECT_EQ(1, onNative.moves);
+    native->RemoveEventHandler(&onNative);
+    native->Destroy();
+    EXPECT_EQ(&onParent, panel->GetEventHandler());
+    ASSERT_TRUE(MoveTo(panel, 50, 60));
+    EXPECT_EQ(1, onParent.moves);
+    EXPECT_EQ(&onParent, panel->PopEventHandler());
+    ExpectBare();
+
+    // Our own handlers were taken off by somebody else: they are not taken off twice.
+    wxWindow* const second = Native(Fill());
+    wxEvtHandler* const resizer = panel->PopEventHandler();
+    EXPECT_NE(nullptr, dynamic_cast<CParentResizeHandler*>(resizer));
+    EXPECT_EQ(GetWrapper(second), second->PopEventHandler());
+    second->Destroy();
+    ExpectBare();
+}
+
+TEST_F(Construction, FailureLeavesNothingBehind)
+{
+    EXPECT_THROW(new CwxSysWindow(nullptr, true, ISysWindow::wtNormal), std::invalid_argument);
+    for (const bool isChild : {true, false}) {
+        {
+            const ThrowingPalette palette;
+            EXPECT_THROW(new CwxSysWindow(panel, isChild, ISysWindow::wtNormal), std::runtime_error);
+        }
+        Settle();
+        ExpectBare();
+        wxWindow* const native = Native(new CwxSysWindow(panel, isChild, ISysWindow::wtNormal));
+        EXPECT_EQ(isChild, native->GetSize() != wxSize(400, 300));
+        native->Destroy();
+    }
+    panel->Destroy();
+    auto* const throwing = new ThrowingPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 300));
+    panel = throwing;
+    EXPECT_THROW(Fill(), std::runtime_error);
+    throwing->throws = false;
+    Settle();
+    ExpectBare();
+    EXPECT_EQ(wxSize(400, 300), Native(Fill())->GetSize());
+}
+
+TEST_F(Construction, AlwaysLeftToRight)
+{
+    panel->SetLayoutDirection(wxLayout_RightToLeft);
+    ASSERT_EQ(wxLayout_RightToLeft, (new wxWindow(panel, wxID_ANY))->GetLayoutDirection());
+    CwxSysWindow* const window = Fill();
+    EXPECT_EQ(wxLayout_LeftToRight, Native(window)->GetLayoutDirection());
+    EXPECT_EQ(wxLayout_LeftToRight, Native(window->CreateChild(ISysWindow::wtNormal))->GetLayoutDirection());
+}
+
+TEST_F(Construction, MadeByClassName)
+{
+    wxObject* const object = wxCreateDynamicObject("vela7::CVELAwxWindow");
+    auto* const native = dynamic_cast<CVELAwxWindow*>(object);
+    ASSERT_NE(nullptr, native);
+    EXPECT_EQ(nullptr, native->owner);
+    native->Create(panel, wxID_ANY);
+    EXPECT_EQ(nullptr, GetWrapper(native));
+    Settle();
+    native->Destroy();
+    ExpectBare();
+    delete wxCreateDynamicObject("vela7::CVELAwxWindow");
+    std::unique_ptr<wxObject> handler(wxCreateDynamicObject("vela7::CParentResizeHandler"));
+    EXPECT_NE(nullptr, dynamic_cast<CParentResizeHandler*>(handler.get()));
+}

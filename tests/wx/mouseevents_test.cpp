@@ -1,0 +1,211 @@
+// Mouse records of toolkit windows, on real input.
+#include "windowhelpers.h"
+
+#include <gdk/gdkkeysyms.h>
+#include <gtk/gtk.h>
+#include <wx/cursor.h>
+#include <wx/textctrl.h>
+#include <wx/utils.h>
+
+using namespace vela7;
+using namespace vela7::test;
+
+class MouseEvents : public WindowTest
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_NO_FATAL_FAILURE(WindowTest::SetUp());
+        heard = std::make_unique<Recorder>(window);
+        heard->Hear<IMouseNotify, IContextMenuNotify>();
+        ASSERT_TRUE(MoveTo(native, 50, 40));
+        EXPECT_EQ((Lines{"enter 50,40 button 0 state 0x0", "motion 50,40 button 0 state 0x0"}),
+                  heard->Take());
+    }
+    void TearDown() override
+    {
+        wxSetCursor(wxNullCursor);
+        WindowTest::TearDown();
+    }
+
+    std::unique_ptr<Recorder> heard;
+};
+
+TEST_F(MouseEvents, PressReleaseAndDoubleClick)
+{
+    DoubleClick(leftButton);
+    EXPECT_EQ((Lines{"press 50,40 button 1 state 0x1", "release 50,40 button 1 state 0x0",
+                     "double 50,40 button 1 state 0x1", "release 50,40 button 1 state 0x0"}),
+              heard->Take());
+    DoubleClick(rightButton);
+    EXPECT_EQ((Lines{"press 50,40 button 3 state 0x2", "menu 50,40", "release 50,40 button 3 state 0x0",
+                     "double 50,40 button 3 state 0x2", "release 50,40 button 3 state 0x0"}),
+              heard->Take());
+}
+
+TEST_F(MouseEvents, MiddleButtonIsSilent)
+{
+    CountBelow(wxEVT_MIDDLE_DOWN, wxEVT_MIDDLE_UP, wxEVT_MIDDLE_DCLICK);
+    DoubleClick(middleButton);
+    EXPECT_EQ(Lines{}, heard->Take());
+    EXPECT_EQ(4, below) << "the clicks did not arrive at all";
+    Press(middleButton);
+    ASSERT_TRUE(MoveTo(native, 60, 45));
+    Click(leftButton);
+    EXPECT_EQ((Lines{"motion 60,45 button 2 state 0x4", "press 60,45 button 1 state 0x5",
+                     "release 60,45 button 1 state 0x4"}),
+              heard->Take());
+}
+
+TEST_F(MouseEvents, StateHoldsAllButtonsAndModifiers)
+{
+    struct Row
+    {
+        std::vector<PointerButton> buttons;
+        std::vector<unsigned long> keys;
+        const char* expected; // of a move
+    };
+    constexpr unsigned long shift = GDK_KEY_Shift_L, control = GDK_KEY_Control_L, alt = GDK_KEY_Alt_L;
+    // clang-format off
+    const Row rows[] = {
+        {{},                                      {},      "button 0 state 0x0"},
+        {{leftButton},                            {},      "button 1 state 0x1"},
+        {{rightButton},                           {},      "button 3 state 0x2"},
+        {{middleButton},                          {},      "button 2 state 0x4"},
+        {{rightButton, leftButton},               {},      "button 1 state 0x3"},
+        {{middleButton, leftButton},              {},      "button 1 state 0x5"},
+        {{middleButton, rightButton},             {},      "button 3 state 0x6"},
+        {{middleButton, rightButton, leftButton}, {},      "button 1 state 0x7"},
+        {{},                                      {shift, control},      "button 0 state 0x300"},
+        {{leftButton},                            {shift, control},      "button 1 state 0x301"},
+        {{rightButton},                           {alt},                 "button 3 state 0x402"},
+        {{middleButton},                          {shift, alt},          "button 2 state 0x504"},
+        {{},                                      {shift, control, alt}, "button 0 state 0x700"},
+    };
+    // clang-format on
+    int x = 50;
+    for (const Row& row : rows) {
+        for (const unsigned long key : row.keys)
+            KeyDown(key);
+        for (const PointerButton button : row.buttons)
+            Press(button);
+        heard->Take();
+        ASSERT_TRUE(MoveTo(native, ++x, 40));
+        EXPECT_EQ(Lines{"motion " + At(x, 40) + ' ' + row.expected}, heard->Take());
+        ReleaseAll();
+    }
+}
+
+TEST_F(MouseEvents, WheelReportsLinesAndEndsHere)
+{
+    CountBelow(wxEVT_MOUSEWHEEL);
+    WheelUp();
+    WheelDown();
+    EXPECT_EQ((Lines{"wheel 50,40 button 0 state 0x0 delta 3", "wheel 50,40 button 0 state 0x0 delta -3"}),
+              heard->Take());
+    struct Row
+    {
+        int rotation;
+        int lines;
+        const char* expected;
+    };
+    for (const Row& row :
+         {Row{-120, 3, "delta -3"}, {240, 3, "delta 3"}, {10, 5, "delta 5"}, {0, 3, "delta 0"}}) {
+        wxMouseEvent event(wxEVT_MOUSEWHEEL);
+        event.m_wheelRotation = row.rotation;
+        event.m_linesPerAction = row.lines;
+        event.m_wheelDelta = 120;
+        EXPECT_TRUE(native->HandleWindowEvent(event));
+        EXPECT_EQ(Lines{std::string("wheel 0,0 button 0 state 0x0 ") + row.expected}, heard->Take());
+    }
+    EXPECT_EQ(0, below);
+}
+
+// The cursor on the screen, which wx keeps on the frame while it is a global one.
+static int ShownCursor(wxWindow* frame)
+{
+    GdkCursor* const cursor = gdk_window_get_cursor(gtk_widget_get_window(frame->GetHandle()));
+    return cursor ? gdk_cursor_get_cursor_type(cursor) : -1;
+}
+
+TEST_F(MouseEvents, EnterShowsTheCursorAndLeaveResetsIt)
+{
+    CountBelow(wxEVT_ENTER_WINDOW, wxEVT_LEAVE_WINDOW);
+    EXPECT_EQ(-1, ShownCursor(frame));
+    window->SetCursor(crHand);
+    EXPECT_EQ(GDK_HAND2, ShownCursor(frame));
+    PointAt(panel, 300, 200);
+    EXPECT_EQ(Lines{"leave 280,190 button 0 state 0x0"}, heard->Take());
+    EXPECT_EQ(GDK_LEFT_PTR, ShownCursor(frame));
+    const HeldKey control(GDK_KEY_Control_L);
+    PointAt(native, 1, 2);
+    EXPECT_EQ(Lines{"enter 1,2 button 0 state 0x200"}, heard->Take());
+    EXPECT_EQ(GDK_HAND2, ShownCursor(frame));
+    EXPECT_EQ(0, below);
+}
+
+TEST_F(MouseEvents, ClearedPassOnKeepsFocusAndMenuAway)
+{
+    auto* const other = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(20, 150));
+    window->SetFocusOnClick(false);
+    other->SetFocus();
+    const auto clear = [](CEvent& event) { event.passOn = false; };
+    heard->Do(clear);
+    Click(leftButton);
+    EXPECT_TRUE(other->HasFocus());
+    Click(rightButton);
+    EXPECT_EQ(0, heard->Count("menu"));
+    heard->Do({});
+    heard->Take();
+    Click(rightButton);
+    EXPECT_EQ(1, heard->Count("menu"));
+    EXPECT_TRUE(other->HasFocus());
+    Click(leftButton); // wx itself focuses what was clicked and did not mind
+    EXPECT_TRUE(native->HasFocus());
+
+    other->SetFocus();
+    window->SetFocusOnClick(true);
+    heard->Do(clear);
+    Click(leftButton);
+    EXPECT_TRUE(native->HasFocus());
+}
+
+TEST_F(MouseEvents, ContextMenuByKeyReportsThePointer)
+{
+    window->SetFocus();
+    Tap(GDK_KEY_Menu);
+    EXPECT_EQ(Lines{"menu 50,40"}, heard->Take());
+    CountBelow(wxEVT_CONTEXT_MENU);
+    wxContextMenuEvent event(wxEVT_CONTEXT_MENU, wxID_ANY, wxPoint(700, 600));
+    EXPECT_TRUE(native->HandleWindowEvent(event));
+    EXPECT_EQ(Lines{"menu 50,40"}, heard->Take());
+    EXPECT_EQ(0, below);
+}
+
+TEST_F(MouseEvents, CaptureFollowsThePointerAndDoesNotNest)
+{
+    auto* const other = window->CreateChild(ISysWindow::wtNormal);
+    window->ReleaseMouse(); // nobody has it
+    window->CaptureMouse();
+    window->CaptureMouse();
+    other->ReleaseMouse(); // not its own
+    EXPECT_EQ(native, wxWindow::GetCapture());
+    Press();
+    PointAt(native, -14, 150);
+    PointAt(native, -15, 151);
+    EXPECT_EQ((Lines{"press 50,40 button 1 state 0x1", "leave -15,151 button 0 state 0x1",
+                     "motion -15,151 button 1 state 0x1"}),
+              heard->Take());
+    Release();
+    window->ReleaseMouse();
+    EXPECT_EQ(nullptr, wxWindow::GetCapture());
+
+    // The capture is taken away: wx asserts when a window does not mind that.
+    window->CaptureMouse();
+    heard->Take();
+    GdkWindow* const thief = gtk_widget_get_window(frame->GetHandle());
+    ASSERT_EQ(GDK_GRAB_SUCCESS, gdk_pointer_grab(thief, FALSE, GDK_BUTTON_PRESS_MASK, nullptr, nullptr, 0));
+    EXPECT_TRUE(WaitFor([] { return !wxWindow::GetCapture(); }, "the loss of the capture"));
+    gdk_pointer_ungrab(0);
+    Settle();
+}
