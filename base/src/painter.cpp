@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace vela7 {
 
@@ -15,7 +14,7 @@ namespace {
 // what is no number is 0.
 int Round(double v)
 {
-    constexpr double limit = std::numeric_limits<int>::max() / 2;
+    constexpr double limit = 0x3fffffff;
     if (std::isnan(v))
         return 0;
     return static_cast<int>(std::clamp(std::floor(v + 0.5), -limit, limit));

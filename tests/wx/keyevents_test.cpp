@@ -110,10 +110,10 @@ TEST_F(KeyEvents, TabNavigatesAndEndsHere)
     EXPECT_EQ(Lines{"keydown 9 state 0x0 char 0"}, heard->Take());
     EXPECT_TRUE(next->HasFocus());
     window->SetFocus();
+    EXPECT_EQ(0, below);
     KeyDown(GDK_KEY_Shift_L);
     Tap(GDK_KEY_Tab);
     EXPECT_TRUE(last->HasFocus());
-    EXPECT_EQ(0, below);
 }
 
 TEST_F(KeyEvents, TabForTheWindowItself)
