@@ -168,6 +168,7 @@ void Wrap(benchmark::State& state, int words)
     CwxWinPainter painter(window);
     const CPaintScope scope(painter, ssAsIs);
     const std::string text = Words(words);
+    const AllocationCounter counter(state);
     for (auto _ : state)
         benchmark::DoNotOptimize(
             painter.DrawStringEx(text, {0, 0, 400, 100}, tfLeft | tfTop | tfMeasureOnly));
