@@ -43,6 +43,8 @@ void CwxPainter::internalDrawXPM(const XPMImage& image, int x, int y, int cx, in
     if (!picture.IsOk())
         return;
     if (scale > 1.0) {
+        if (!IsPictureSize(width * scale, height * scale))
+            return;
         // Kept by contract: the whole image is squeezed into the shortened size.
         width = static_cast<int>(width * scale);
         height = static_cast<int>(height * scale);

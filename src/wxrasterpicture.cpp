@@ -43,7 +43,7 @@ int FitExtent(int from, int extent, int source)
 
 CwxRasterPicture::CwxRasterPicture(size<int> pixels)
 {
-    if (pixels.width > 0 && pixels.height > 0)
+    if (IsPictureSize(pixels.width, pixels.height))
         bitmap.Create(pixels.width, pixels.height, -1);
     m_size = pixels;
 }
@@ -78,9 +78,10 @@ void CwxRasterPicture::SetMask(const IRasterPicture* mask)
     const CwxRasterPicture* const source = Ours(mask);
     if (!source || !source->bitmap.IsOk() || !bitmap.IsOk())
         return;
-    // wx makes masks of monochrome bitmaps only; pictures have the screen's depth.
+    // wx makes masks of monochrome bitmaps only; pictures have the screen's depth. Black is transparent, and
+    // ConvertToMono turns the colour it is given white.
     const wxImage image = source->bitmap.ConvertToImage();
-    bitmap.SetMask(new wxMask(wxBitmap(image.ConvertToMono(0, 0, 0), 1), *wxBLACK));
+    bitmap.SetMask(new wxMask(wxBitmap(image.ConvertToMono(0, 0, 0), 1), *wxWHITE));
 }
 
 bool CwxRasterPicture::CopyFrom(const IRasterPicture* source, const screen_rectangle<int>& area)
@@ -108,7 +109,7 @@ bool CwxRasterPicture::CopyFrom(const IRasterPicture* source, const screen_recta
 
 void CwxRasterPicture::Scale(int width, int height)
 {
-    if (!bitmap.IsOk() || width <= 0 || height <= 0)
+    if (!bitmap.IsOk() || !IsPictureSize(width, height))
         return;
     SetBitmap(wxBitmap(bitmap.ConvertToImage().Scale(width, height, wxIMAGE_QUALITY_HIGH)));
 }
@@ -125,10 +126,13 @@ void CwxRasterPicture::Blur(const size<int>& radius, const screen_rectangle<int>
             return;
         image = image.GetSubImage(rect);
     }
-    if (radius.width > 0)
-        image = image.BlurHorizontal(radius.width);
-    if (radius.height > 0)
-        image = image.BlurVertical(radius.height);
+    // wx reads beyond the image when the radius does.
+    const int horizontal = std::min(radius.width, image.GetWidth() - 1);
+    const int vertical = std::min(radius.height, image.GetHeight() - 1);
+    if (horizontal > 0)
+        image = image.BlurHorizontal(horizontal);
+    if (vertical > 0)
+        image = image.BlurVertical(vertical);
     if (area.IsNull()) {
         SetBitmap(wxBitmap(image));
         return;
@@ -161,16 +165,24 @@ void CwxRasterPicture::SetSize(size<int> pixels)
 void CwxRasterPicture::Save(const std::string& fileName)
 {
     NeedXPMHandler();
-    if (bitmap.IsOk())
-        bitmap.SaveFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
+    if (!bitmap.IsOk())
+        return;
+    wxImage image = bitmap.ConvertToImage();
+    if (image.HasAlpha())
+        image.ConvertAlphaToMask(); // else wx saves what is transparent as solid
+    image.SaveFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
 }
 
 void CwxRasterPicture::Load(const std::string& fileName)
 {
     NeedXPMHandler();
     wxBitmap loaded;
-    loaded.LoadFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
-    SetBitmap(loaded);
+    if (const std::optional<wxBitmap> xpm = ReadXPMFile(fileName))
+        loaded = *xpm;
+    else
+        loaded.LoadFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
+    const bool fits = loaded.IsOk() && IsPictureSize(loaded.GetWidth(), loaded.GetHeight());
+    SetBitmap(fits ? loaded : wxBitmap());
 }
 
 int CwxRasterPicture::GetCanvasMetrics(CanvasMetrics metric) const
@@ -188,6 +200,7 @@ int CwxRasterPicture::GetCanvasMetrics(CanvasMetrics metric) const
             memory.SelectObjectAsSource(bitmap);
         dc = &memory;
     }
+    const bool pixels = dc->IsOk(); // wx asks the bitmap for its depth
     switch (metric) {
     case cmWidthMM:
     case cmHeightMM: // Kept by contract: the width as well
@@ -201,9 +214,9 @@ int CwxRasterPicture::GetCanvasMetrics(CanvasMetrics metric) const
     case cmScreenHeightMM:
         return wxScreenDC().GetSizeMM().GetHeight();
     case cmColors:
-        return static_cast<int>(1u << (static_cast<unsigned>(dc->GetDepth()) % 32));
+        return pixels ? static_cast<int>(1u << (static_cast<unsigned>(dc->GetDepth()) % 32)) : 0;
     case cmDepth:
-        return dc->GetDepth();
+        return pixels ? dc->GetDepth() : 0;
     case cmDpiX:
         return dc->GetPPI().GetWidth();
     case cmDpiY:

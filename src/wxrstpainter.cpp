@@ -19,7 +19,11 @@ bool CwxRstPainter::CreatePaintDevice(StdSettings)
     if (device || !m_picture)
         return true;
     // The picture's own bitmap, not a copy of it: a copy would be painted on instead.
-    m_memory = std::make_unique<wxMemoryDC>(m_picture->GetBitmap());
+    wxBitmap nowhere; // for pictures without pixels: wx objects to every operation on a device without
+    wxBitmap& pixels = m_picture->GetBitmap();
+    if (!pixels.IsOk())
+        nowhere.Create(1, 1);
+    m_memory = std::make_unique<wxMemoryDC>(pixels.IsOk() ? pixels : nowhere);
     device = m_memory.get();
     return true;
 }

@@ -19,7 +19,8 @@ class CwxRstPainter;
 class VELA7_WX_API CwxRasterPicture : public IRasterPicture
 {
 public:
-    /// Pixels; a size without area gives an invalid bitmap with the size recorded.
+    /// Pixels; a size without area, or beyond what the screen can hold, gives an invalid bitmap with the size
+    /// recorded.
     explicit CwxRasterPicture(size<int> pixels);
     ~CwxRasterPicture() override;
 
