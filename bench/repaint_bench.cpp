@@ -8,6 +8,7 @@
 #include "vela7/wxsyswindow.h"
 
 #include <wx/brush.h>
+#include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/frame.h>
@@ -23,6 +24,20 @@ constexpr int rectangles = 200;
 constexpr int lines = 200;
 constexpr int texts = 50;
 
+void DrawScene(IPainter& painter)
+{
+    painter.SetBrush(brush{clBlue, bsSolid});
+    for (int i = 0; i < rectangles; ++i)
+        painter.FillRect(i * 3, i * 2, i * 3 + 50, i * 2 + 30);
+    painter.SetPen(pen{clRed, 1, psSolid});
+    for (int i = 0; i < lines; ++i) {
+        painter.MoveTo(i * 4, 0);
+        painter.LineTo(i * 2, 500);
+    }
+    for (int i = 0; i < texts; ++i)
+        painter.DrawString(i * 10, i * 10, "Twelve chars");
+}
+
 class View : public CSubscriber<IDrawingNotify>
 {
 public:
@@ -31,18 +46,8 @@ public:
     void OnDraw(CDrawEvent* event) override
     {
         ++paints;
-        IPainter& painter = *event->painter;
-        const CPaintScope scope(painter, m_settings);
-        painter.SetBrush(brush{clBlue, bsSolid});
-        for (int i = 0; i < rectangles; ++i)
-            painter.FillRect(i * 3, i * 2, i * 3 + 50, i * 2 + 30);
-        painter.SetPen(pen{clRed, 1, psSolid});
-        for (int i = 0; i < lines; ++i) {
-            painter.MoveTo(i * 4, 0);
-            painter.LineTo(i * 2, 500);
-        }
-        for (int i = 0; i < texts; ++i)
-            painter.DrawString(i * 10, i * 10, "Twelve chars");
+        const CPaintScope scope(*event->painter, m_settings);
+        DrawScene(*event->painter);
     }
 
     long paints = 0;
@@ -51,12 +56,37 @@ private:
     const StdSettings m_settings;
 };
 
+// Keeps its picture: draws it once, then only what changed.
+class RetainedView : public CSubscriber<IDrawingNotify>
+{
+public:
+    void OnDraw(CDrawEvent* event) override
+    {
+        IPainter& painter = *event->painter;
+        painter.SetBackgroundColor(_color::none());
+        const CPaintScope scope(painter, ssBuffered);
+        ++paints;
+        if (painter.IsFullRepaint())
+            DrawScene(painter);
+        painter.SetBrush(brush{paints % 2 ? clGreen : clYellow, bsSolid});
+        painter.FillRect(100, 100, 150, 150);
+    }
+
+    long paints = 0;
+};
+
+enum class Bare
+{
+    direct,
+    buffered,
+    autoBuffered
+};
+
 class BareView : public wxWindow
 {
 public:
-    BareView(wxWindow* parent, bool buffered)
-        : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxFULL_REPAINT_ON_RESIZE),
-          m_buffered(buffered)
+    BareView(wxWindow* parent, Bare kind)
+        : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxFULL_REPAINT_ON_RESIZE), m_kind(kind)
     {
         SetBackgroundStyle(wxBG_STYLE_PAINT);
         Bind(wxEVT_PAINT, &BareView::OnPaint, this);
@@ -84,8 +114,13 @@ private:
     void OnPaint(wxPaintEvent&)
     {
         ++paints;
+        if (m_kind == Bare::autoBuffered) {
+            wxAutoBufferedPaintDC dc(this);
+            Draw(dc);
+            return;
+        }
         wxPaintDC dc(this);
-        if (!m_buffered) {
+        if (m_kind == Bare::direct) {
             Draw(dc);
             return;
         }
@@ -97,17 +132,20 @@ private:
         dc.Blit(0, 0, client.GetWidth(), client.GetHeight(), &memory, 0, 0);
     }
 
-    const bool m_buffered;
+    const Bare m_kind;
     wxBitmap m_bitmap;
 };
 
-void Repaint(benchmark::State& state, wxWindow& window, const long& paints)
+const wxRect whole(0, 0, 800, 600);
+const wxRect damage(100, 100, 50, 50);
+
+void Repaint(benchmark::State& state, wxWindow& window, const long& paints, const wxRect& area = whole)
 {
     SyncX();
     const long before = paints;
     const AllocationCounter counter(state);
     for (auto _ : state) {
-        window.Refresh(false);
+        window.Refresh(false, &area);
         window.Update();
         SyncX();
     }
@@ -126,21 +164,41 @@ void RepaintToolkit(benchmark::State& state, StdSettings settings)
     Repaint(state, *native, view.paints);
 }
 
-void RepaintWx(benchmark::State& state, bool buffered)
+void RepaintWx(benchmark::State& state, Bare kind, const wxRect& area)
 {
     Stage stage;
-    auto* const window = new BareView(stage.Frame(), buffered);
+    auto* const window = new BareView(stage.Frame(), kind);
     stage.Show(window);
-    Repaint(state, *window, window->paints);
+    Repaint(state, *window, window->paints, area);
+}
+
+void DamageToolkit(benchmark::State& state)
+{
+    Stage stage;
+    auto* const window = new CwxSysWindow(stage.Frame(), false, ISysWindow::wtNormal);
+    RetainedView view;
+    Subscribe<IDrawingNotify>(*window, &view);
+    auto* const native = static_cast<wxWindow*>(window->GetNativeHandle());
+    stage.Show(native);
+    Repaint(state, *native, view.paints, damage);
 }
 
 BENCHMARK_CAPTURE(RepaintToolkit, direct, ssClear)
     ->Name("repaint_direct/toolkit")
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(RepaintWx, direct, false)->Name("repaint_direct/wx")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(RepaintWx, direct, Bare::direct, whole)
+    ->Name("repaint_direct/wx")
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(RepaintToolkit, buffered, ssBuffered)
     ->Name("repaint_buffered/toolkit")
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(RepaintWx, buffered, true)->Name("repaint_buffered/wx")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(RepaintWx, buffered, Bare::buffered, whole)
+    ->Name("repaint_buffered/wx")
+    ->Unit(benchmark::kMicrosecond);
+
+BENCHMARK(DamageToolkit)->Name("repaint_damage/toolkit")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(RepaintWx, damage, Bare::autoBuffered, damage)
+    ->Name("repaint_damage/wx")
+    ->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -34,6 +34,12 @@ const void* Drawable(const wxWindow& window)
     return widget ? gtk_widget_get_window(widget) : nullptr;
 }
 
+wxBitmap BitmapFromXPM(const char* const* lines)
+{
+    GdkPixbuf* const pixbuf = gdk_pixbuf_new_from_xpm_data(const_cast<const char**>(lines));
+    return pixbuf ? wxBitmap(pixbuf) : wxBitmap(); // takes the reference over
+}
+
 wxSize CheckBoxSize()
 {
     wxWindow* window = nullptr;

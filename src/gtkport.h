@@ -3,6 +3,7 @@
 /// No other file includes GTK headers or asks for a version of wx or GTK. Thread: GUI.
 #pragma once
 
+#include <wx/bitmap.h>
 #include <wx/gdicmn.h>
 
 #include <optional>
@@ -21,6 +22,9 @@ std::optional<double> ScreenResolution();
 
 /// Identity of what a window is drawn on; null before it is realised. Compare it, do not use it.
 const void* Drawable(const wxWindow& window);
+
+/// The picture of complete XPM lines, with the colour names as GTK knows them; invalid when there is none.
+wxBitmap BitmapFromXPM(const char* const* lines);
 
 /// Size of the theme's check box.
 wxSize CheckBoxSize();

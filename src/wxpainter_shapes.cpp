@@ -47,7 +47,10 @@ std::vector<wxPoint> Range(const point<int>* points, int count, int first, int l
     const int end = last != -1 && count > last ? last : count - 1;
     const int begin = std::max(first, 0);
     std::vector<wxPoint> result;
-    for (int i = begin; points && i <= end; ++i)
+    if (!points || end < begin)
+        return result;
+    result.reserve(static_cast<std::size_t>(end - begin) + 1);
+    for (int i = begin; i <= end; ++i)
         result.emplace_back(points[i].x, points[i].y);
     return result;
 }

@@ -5,6 +5,7 @@
 #include "vela7/imagelist.h"
 #include "vela7/palette.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyspalette.h"
 
 #include <wx/app.h>
@@ -106,6 +107,11 @@ bool CwxSystem::IsMainThread() const
     return main == 0 || main == wxThread::GetCurrentId();
 }
 
+CHandle<IRasterPicture> CwxSystem::CreateRasterPicture(size<int> pixels) const
+{
+    return CHandle<IRasterPicture>(new CwxRasterPicture(pixels));
+}
+
 // ---- services whose classes do not exist yet
 
 CHandle<ISysTimer> CwxSystem::CreateTimer(int, bool) const
@@ -121,11 +127,6 @@ CHandle<IImageList> CwxSystem::CreateImageList() const
 IClipboard* CwxSystem::TakeClipboard() const
 {
     return nullptr;
-}
-
-CHandle<IRasterPicture> CwxSystem::CreateRasterPicture(size<int>) const
-{
-    return {};
 }
 
 IRunner* CwxSystem::CreateRunner()

@@ -124,6 +124,12 @@ void CwxWinPainter::internalEndPaint()
     DropDevices();
 }
 
+void CwxWinPainter::internalDrawControlElement(ControlElement element, int l, int t, int r, int b, int state)
+{
+    if (m_window)
+        NativeDrawControlElement(m_window, element, l, t, r, b, state);
+}
+
 void CwxWinPainter::ScrollContent(int dx, int dy, int left, int top, int right, int bottom)
 {
     if (m_memory || !m_window)

@@ -7,6 +7,7 @@
 
 #include "page.h"
 
+#include "vela7/wxpainter.h"
 #include "vela7/wxsyswindow.h"
 
 #include <wx/app.h>
@@ -24,6 +25,18 @@
 
 #include <clocale>
 #include <cstdio>
+
+bool gallery::DrawElementByHand(vela7::IPainter& painter, vela7::ControlElement element,
+                                const vela7::rectangle<int>& rect, int state)
+{
+    auto* const ours = dynamic_cast<vela7::CwxPainter*>(&painter);
+    if (!ours || !ours->IsEnabled())
+        return false;
+    // Not what the window's painter made of it.
+    ours->CwxPainter::internalDrawControlElement(element, rect.left, rect.top, rect.right, rect.bottom,
+                                                 state);
+    return true;
+}
 
 namespace {
 
@@ -212,10 +225,12 @@ bool PaintPage(GalleryFrame& frame, std::size_t index)
 
     const int before = slot.paints->Count();
     SampleInput input(*slot.window);
+    const vela7::rectangle<int> client = slot.window->GetClientRect();
+    const vela7::point<double> place = slot.page->SamplePlace();
     if (slot.page->WantsSampleInput())
         input.Everything();
     else
-        input.MoveTo(slot.window->GetClientRect().right / 3, slot.window->GetClientRect().bottom * 5 / 8);
+        input.MoveTo(int(client.right * place.x), int(client.bottom * place.y));
     return WaitFor("page " + slot.name + " shows its input", [&] { return slot.paints->Count() > before; }) &&
            WaitForQuiet();
 }

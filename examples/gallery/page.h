@@ -4,6 +4,7 @@
 /// draws it. The host makes the window and the page, and deletes the page; either may die first.
 #pragma once
 
+#include "vela7/painter.h"
 #include "vela7/window.h"
 
 #include <memory>
@@ -17,6 +18,8 @@ public:
     virtual ~Page() = default;
     /// Shows little until something happens to it: for its screenshot the host clicks and types a bit.
     virtual bool WantsSampleInput() const { return false; }
+    /// Where in the window the mouse is for the screenshot; shares of its width and height.
+    virtual vela7::point<double> SamplePlace() const { return {1 / 3.0, 5 / 8.0}; }
 };
 
 struct PageEntry
@@ -24,6 +27,11 @@ struct PageEntry
     const char* name;
     std::unique_ptr<Page> (*create)(vela7::ISysWindow& window);
 };
+
+/// Draws an element the way painters do that have no window to ask the theme for; device pixels. The host
+/// does it, since the toolkit's interfaces leave the choice to the painter. False when it cannot.
+bool DrawElementByHand(vela7::IPainter& painter, vela7::ControlElement element,
+                       const vela7::rectangle<int>& rect, int state);
 
 /// In the order of the tabs.
 const std::vector<PageEntry>& AllPages();

@@ -3,6 +3,9 @@
 // To add a page: a file that defines gallery::Create<Name>Page, and its line here.
 #define GALLERY_PAGES(PAGE)                                                                                  \
     PAGE(Shapes)                                                                                             \
+    PAGE(Text)                                                                                               \
+    PAGE(Elements)                                                                                           \
+    PAGE(Pictures)                                                                                           \
     PAGE(Events)
 
 namespace gallery {

@@ -10,37 +10,10 @@ namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 
-/// One of `columns` equal parts of a box, with a gap between them.
-Box Column(const Box& area, int index, int columns, double gap = 16)
-{
-    const double width = (area.Width() - gap * (columns - 1)) / columns;
-    const double left = area.left + index * (width + gap);
-    return {left, area.top, left + width, area.bottom};
-}
-
-/// The largest square in the middle of a box.
-Box Square(const Box& area)
-{
-    const double half = std::min(area.Width(), area.Height()) / 2;
-    const double x = (area.left + area.right) / 2, y = (area.top + area.bottom) / 2;
-    return {x - half, y - half, x + half, y + half};
-}
-
-Box Shrunk(const Box& box, double by)
-{
-    return {box.left + by, box.top + by, box.right - by, box.bottom - by};
-}
-
-void Line(IPainter& painter, double x1, double y1, double x2, double y2)
-{
-    painter.MoveTo(x1, y1);
-    painter.LineTo(x2, y2);
-}
-
-/// A fan of thin lines, and one line of each width.
+/// A fan of thin lines, one line of each width, and a pattern of single pixels.
 void DrawLines(IPainter& painter, const Box& area, const Style&)
 {
-    const Box fan = Column(area, 0, 2), widths = Column(area, 1, 2);
+    const Box fan = Column(area, 0, 3), widths = Column(area, 1, 3), pixels = Square(Column(area, 2, 3));
     const int rays = 14;
     for (int i = 0; i <= rays; ++i) {
         const double angle = kPi / 2 * i / rays;
@@ -52,6 +25,13 @@ void DrawLines(IPainter& painter, const Box& area, const Style&)
         const double y = widths.top + widths.Height() * (width - 0.5) / 6;
         painter.SetPen({clSea, width, psSolid});
         Line(painter, widths.left, y, widths.right, y);
+    }
+    // The seeds of a sunflower.
+    const double radius = pixels.Width() / 2;
+    for (int i = 0; i < 500; ++i) {
+        const double distance = radius * std::sqrt(i / 500.0), angle = 2.39996 * i;
+        painter.SetPixel(pixels.left + radius + distance * std::cos(angle),
+                         pixels.top + radius + distance * std::sin(angle), Mix(clAmber, clPlum, i / 500.0));
     }
 }
 
@@ -119,11 +99,11 @@ void DrawRectangles(IPainter& painter, const Box& area, const Style&)
     painter.FocusRect(focus.left + 5, focus.top + 5, focus.right - 5, focus.bottom - 5);
 }
 
-/// Nested ellipses, a chart of pies, and arcs.
+/// Nested ellipses, a chart of pies, a chord, and arcs.
 void DrawCurves(IPainter& painter, const Box& area, const Style&)
 {
-    const Box ellipses = Square(Column(area, 0, 3)), chart = Square(Column(area, 1, 3)),
-              arcs = Square(Column(area, 2, 3));
+    const auto cell = [&area](int index) { return Square(Column(area, index, 4, 10)); };
+    const Box ellipses = cell(0), chart = cell(1), chord = cell(2), arcs = cell(3);
     const double radius = ellipses.Width() / 2;
     for (int i = 0; i < 4; ++i) {
         painter.SetPen({clSea, 1, psSolid});
@@ -139,9 +119,12 @@ void DrawCurves(IPainter& painter, const Box& area, const Style&)
         painter.SetBrush({colors[i], bsSolid});
         painter.Pie(chart.left, chart.top, chart.right, chart.bottom, tenths[i], tenths[i + 1]);
     }
-    for (int i = 0; i < 5; ++i) {
-        const Box ring = Shrunk(arcs, 3 + radius * i / 5.5);
-        painter.SetPen({Mix(clRose, clAmber, i / 4.0), 3, psSolid});
+    painter.SetPen({clLeaf, 2, psSolid});
+    painter.SetBrush({Mix(clWhite, clLeaf, 0.35), bsSolid});
+    painter.Chord(chord.left, chord.top, chord.right, chord.bottom, 450, 3150);
+    for (int i = 0; i < 4; ++i) {
+        const Box ring = Shrunk(arcs, 3 + radius * i / 4.5);
+        painter.SetPen({Mix(clRose, clAmber, i / 3.0), 3, psSolid});
         painter.Arc(ring.left, ring.top, ring.right, ring.bottom, 450 * i, 450 * i + 2700);
     }
 }
@@ -210,58 +193,47 @@ void DrawGradients(IPainter& painter, const Box& area, const Style& style)
     }
 }
 
-/// Styles, sizes, an opaque background, and text that turns around a point.
-void DrawTexts(IPainter& painter, const Box& area, const Style& style)
+/// Each raster operation: a bar in amber on the colours of a strip.
+void DrawRasterOperations(IPainter& painter, const Box& area, const Style& style)
 {
-    struct Sample
-    {
-        const char* text;
-        unsigned style;
-        double scale;
-    };
-    const Sample samples[] = {{"Large", fsBold, 1.5},
-                              {"bold", fsBold, 1},
-                              {"italic", fsItalic, 1},
-                              {"underlined", fsUnderline, 1},
-                              {"struck out", fsStrikeOut, 1}};
-    double y = area.top - 4;
-    for (const Sample& sample : samples) {
-        painter.SetFont(UiFont(sample.style, sample.scale));
-        Text(painter, area.left, y, sample.text, style.text);
-        y += LineHeight(painter) + 2;
+    // clang-format off
+    const char* const names[] = {
+        "copy",       "or",         "xor",     "andInvert",
+        "srcInvert",  "orInvert",   "equiv",   "and",
+        "invert",     "clear",      "set",     "noOp",
+        "andReverse", "orReverse",  "nand",    "nor"};
+    // clang-format on
+    const _color strip[] = {clBlack, clSea, clRose, clWhite};
+    painter.SetFont(UiFont(0, 0.7));
+    const double text = LineHeight(painter);
+    for (int op = roCopy; op <= roNor; ++op) {
+        Box cell = Cell(area, op, 4, 4, 8);
+        Text(painter, cell.left, cell.bottom - text + 4, names[op], style.muted);
+        cell.bottom -= text - 3;
+        for (int i = 0; i < 4; ++i)
+            Fill(painter, Column(cell, i, 4, 0), strip[i]);
+        painter.SetRasterOperation(RasterOperation(op));
+        Fill(painter, {cell.left + 5, cell.top + 4, cell.right - 5, cell.bottom - 4}, clAmber);
+        painter.SetRasterOperation(roCopy);
+        Frame(painter, cell, style.line);
     }
-    painter.SetFont(UiFont());
-    painter.SetBkMode(bkOpaque);
-    painter.SetBkColor(style.accent);
-    Text(painter, area.left, y + 2, " opaque ", style.accentText);
-    painter.SetBkMode(bkTransparent);
-
-    const Box wheel = Square(Column(area, 1, 2));
-    const double x = (wheel.left + wheel.right) / 2, middle = (wheel.top + wheel.bottom) / 2;
-    for (int i = 0; i < 8; ++i) {
-        font f = UiFont();
-        f.angle = 450 * i;
-        painter.SetFont(f);
-        Text(painter, x, middle, "     turned", Mix(clSea, clRose, i / 7.0));
-    }
-    painter.SetFont(UiFont());
 }
 
 } // namespace
 
-const std::vector<ShapeCard>& ShapeCards()
+const std::vector<Card>& ShapeCards()
 {
     // clang-format off
-    static const std::vector<ShapeCard> cards{
-        {"Lines",                 &DrawLines},
-        {"Pens",                  &DrawPens},
-        {"Brushes",               &DrawBrushes},
-        {"Rectangles",            &DrawRectangles},
-        {"Ellipses, pies, arcs",  &DrawCurves},
-        {"Polylines, polygons",   &DrawPolygons},
-        {"Splines",               &DrawSplines},
-        {"Gradients",             &DrawGradients},
-        {"Text",                  &DrawTexts},
+    static const std::vector<Card> cards{
+        {"Lines, pixels",               &DrawLines},
+        {"Pens",                        &DrawPens},
+        {"Brushes",                     &DrawBrushes},
+        {"Rectangles",                  &DrawRectangles},
+        {"Ellipses, pies, chord, arcs", &DrawCurves},
+        {"Polylines, polygons",         &DrawPolygons},
+        {"Splines",                     &DrawSplines},
+        {"Gradients",                   &DrawGradients},
+        {"Raster operations",           &DrawRasterOperations},
     };
     // clang-format on
     return cards;

@@ -1,18 +1,10 @@
 /// What the page of shapes shows: one card for each family of drawing operations.
 #pragma once
 
-#include "style.h"
-
-#include <vector>
+#include "cards.h"
 
 namespace gallery {
 
-struct ShapeCard
-{
-    const char* title;
-    void (*draw)(vela7::IPainter& painter, const Box& area, const Style& style);
-};
-
-const std::vector<ShapeCard>& ShapeCards();
+const std::vector<Card>& ShapeCards();
 
 } // namespace gallery

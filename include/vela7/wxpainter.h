@@ -1,21 +1,22 @@
 /// The painter over a wx device context.
 #pragma once
 
+#include "vela7/border.h"
 #include "vela7/painter.h"
 #include "vela7/wxexport.h"
 
 #include <wx/dc.h>
 
+class wxWindow;
+
 namespace vela7 {
 
 /// Forwards the toolkit's drawing to one wxDC; all coordinates that arrive are device pixels.
 ///
-/// Abstract: CwxWinPainter paints windows. Pen, brush, font, colours, raster operation and clipping live in
-/// the DC only and end with it. Whoever made a painter deletes it (a window its own, a handle others).
-/// Thread: GUI. Between BeginPaint and EndPaint only, except GetDC (null outside), SetCanvas, internalMoveTo,
-/// internalGetCurrentPos and internalGetDPIScale (1.0 outside).
-/// Not drawn yet: raster pictures (no class exists, so none can be handed in) and control elements other than
-/// the focus rectangle.
+/// Abstract: CwxWinPainter paints windows, CwxRstPainter raster pictures. Pen, brush, font, colours, raster
+/// operation and clipping live in the DC only and end with it. Whoever made a painter deletes it (a window
+/// its own, a handle others). Thread: GUI. Between BeginPaint and EndPaint only, except GetDC (null outside),
+/// SetCanvas, internalMoveTo, internalGetCurrentPos and internalGetDPIScale (1.0 outside).
 class VELA7_WX_API CwxPainter : public IPainter
 {
 public:
@@ -71,7 +72,13 @@ public:
     /// One pixel less in width than wx says for a text that begins with a capital, at DPI scale 1.0.
     point<int> internalGetTextSize(const char* text, const font* with, int length) override;
     void internalGetFontMetrics(fontmetrics* metrics) override;
+    /// The classic look, drawn by hand; boxes are 13 x 13. ceCheckBoxUndetermined, ceComboDropButton and
+    /// ceDropArrow draw nothing. Concrete painters draw by the theme where they can.
     void internalDrawControlElement(ControlElement element, int l, int t, int r, int b, int state) override;
+    /// Draws by the desktop's theme, for a window. What is clipped in part stays untouched outside the clip;
+    /// excluded clip rectangles are not heeded by the theme.
+    void NativeDrawControlElement(wxWindow* window, ControlElement element, int left, int top, int right,
+                                  int bottom, int state);
     /// Draws nothing.
     void internalSemiFillRect(int l, int t, int r, int b, _color color) override;
     void internalSetFont(const font& value) override;
@@ -88,7 +95,17 @@ protected:
 
     wxDC* device = nullptr; // of the concrete painter, which sets and ends it
 
+    /// Parts of the elements drawn by hand: the filled frame, and the pen for what stands in it.
+    void DrawElementBase(int left, int top, int right, int bottom, bool enabled, bool round);
+    void SetElementFgColor(bool enabled);
+
 private:
+    bool GetDeviceClip(rectangle<int>& clip) const;
+    void DrawOffScreen(wxWindow* window, ControlElement element, const wxRect& rect, int flags);
+    void DrawTick(int left, int top);
+    void DrawExpander(int left, int top, int right, int bottom, bool plus);
+    void DrawButtonByHand(int left, int top, int right, int bottom, BorderShape shape, int state);
+
     point<int> m_current;
 };
 

@@ -12,8 +12,8 @@ namespace vela7 {
 /// There is one, SystemCreator; loading the library registers it. It works before wx is initialised and
 /// without an application object: then sizes and counts are 0, the scale is 1.0 and nothing is active.
 /// Thread: GUI, except IsMainThread.
-/// Timers, clipboard, runners, locks, image lists and raster pictures have no class yet: their operations
-/// answer empty handles and null.
+/// Timers, clipboard, runners, locks and image lists have no class yet: their operations answer empty handles
+/// and null.
 class VELA7_WX_API CwxSystem : public CSystem, public CwxMouse
 {
 public:

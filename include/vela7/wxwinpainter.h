@@ -37,6 +37,8 @@ public:
     bool IsFullRepaint() const override { return m_fullRepaint; }
     bool CreatePaintDevice(StdSettings settings) override;
     void internalEndPaint() override;
+    /// By the desktop's theme.
+    void internalDrawControlElement(ControlElement element, int l, int t, int r, int b, int state) override;
 
     /// Moves the inclusive rectangle of the retained buffer by (dx, dy). Does nothing during a buffered paint
     /// and without a buffer.

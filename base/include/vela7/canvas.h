@@ -61,7 +61,7 @@ class VELA7_BASE_API IRasterPicture : public CBase, public IPictureCanvas
 {
 public:
     virtual void ConvertFromXPM(const XPMImage& image, bool useMask) = 0;
-    /// Null removes the mask.
+    /// Black is transparent. Null, or a picture without pixels, leaves the mask as it is.
     virtual void SetMask(const IRasterPicture* mask) = 0;
     /// False when nothing could be copied.
     virtual bool CopyFrom(const IRasterPicture* source, const screen_rectangle<int>& area) = 0;

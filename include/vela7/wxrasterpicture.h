@@ -1,0 +1,60 @@
+/// Off-screen pictures.
+#pragma once
+
+#include "vela7/canvas.h"
+#include "vela7/wxexport.h"
+
+#include <wx/bitmap.h>
+
+#include <memory>
+
+namespace vela7 {
+
+class CwxRstPainter;
+
+/// A picture made of pixels, on a wxBitmap of the screen's depth.
+///
+/// Made by ISystem::CreateRasterPicture; dies with its last handle. Its default painter is its own. Thread:
+/// GUI. Nothing is reported: what cannot be done leaves the picture as it was.
+class VELA7_WX_API CwxRasterPicture : public IRasterPicture
+{
+public:
+    /// Pixels; a size without area, or beyond what the screen can hold, gives an invalid bitmap with the size
+    /// recorded.
+    explicit CwxRasterPicture(size<int> pixels);
+    ~CwxRasterPicture() override;
+
+    void ConvertFromXPM(const XPMImage& image, bool useMask) override;
+    /// Black is transparent. Null and an invalid mask change nothing.
+    void SetMask(const IRasterPicture* mask) override;
+    /// An all-zero area shares the whole source; else right and bottom of an area inside the source are
+    /// included.
+    bool CopyFrom(const IRasterPicture* source, const screen_rectangle<int>& area) override;
+    void Scale(int width, int height) override;
+    void Blur(const size<int>& radius, const screen_rectangle<int>& area) override;
+
+    /// Empty: a picture offers its default painter only.
+    CHandle<IPainter> CreatePainter() override;
+    IPainter* TakeDefPainter() override;
+    /// Records a size; the pixels stay what they are.
+    void SetSize(size<int> pixels) override;
+    /// Always XPM, whatever the name ends in.
+    void Save(const std::string& fileName) override;
+    void Load(const std::string& fileName) override;
+    int GetCanvasMetrics(CanvasMetrics metric) const override;
+
+    /// The pixels, in their real size.
+    wxBitmap& GetBitmap() { return bitmap; }
+    const wxBitmap& GetBitmap() const { return bitmap; }
+    /// Takes a bitmap, shared, and its size.
+    void SetBitmap(const wxBitmap& value);
+
+private:
+    wxBitmap bitmap;
+    std::unique_ptr<CwxRstPainter> defPainter;
+};
+
+/// Puts a bitmap into a picture, shared; a null or foreign picture is left alone.
+VELA7_WX_API void Bitmap2RasterPicture(const wxBitmap& bitmap, IRasterPicture* picture);
+
+} // namespace vela7

@@ -1,0 +1,235 @@
+#include "vela7/wxrasterpicture.h"
+
+#include "gtkport.h"
+#include "vela7/wxconvert.h"
+#include "vela7/wxrstpainter.h"
+#include "vela7/xpm.h"
+#include "xpmread.h"
+
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/image.h>
+#include <wx/log.h>
+
+#include <algorithm>
+
+namespace vela7 {
+
+namespace {
+
+// Every raster picture of the process is of this class; anything else counts as none.
+const CwxRasterPicture* Ours(const IRasterPicture* picture)
+{
+    return dynamic_cast<const CwxRasterPicture*>(picture);
+}
+
+// wx registers no handlers by itself, and a host need not either.
+void NeedXPMHandler()
+{
+    if (!wxImage::FindHandler(wxBITMAP_TYPE_XPM))
+        wxImage::AddHandler(new wxXPMHandler);
+}
+
+// A length fitted to a source: one more when it ends inside, cut when it reaches beyond.
+int FitExtent(int from, int extent, int source)
+{
+    const long long end = static_cast<long long>(from) + extent;
+    if (end < source)
+        return extent + 1; // Kept by contract: the right and bottom edges belong to it
+    return end > source ? source - from : extent;
+}
+
+} // namespace
+
+CwxRasterPicture::CwxRasterPicture(size<int> pixels)
+{
+    if (IsPictureSize(pixels.width, pixels.height))
+        bitmap.Create(pixels.width, pixels.height, -1);
+    m_size = pixels;
+}
+
+CwxRasterPicture::~CwxRasterPicture()
+{
+    RevokeHandles();
+}
+
+void CwxRasterPicture::SetBitmap(const wxBitmap& value)
+{
+    bitmap = value;
+    m_size = bitmap.IsOk() ? size<int>(bitmap.GetWidth(), bitmap.GetHeight()) : size<int>();
+}
+
+void CwxRasterPicture::ConvertFromXPM(const XPMImage& image, bool useMask)
+{
+    const wxImage picture = ReadXPM(image);
+    if (!picture.IsOk())
+        return;
+    wxBitmap made(picture);
+    if (useMask) {
+        unsigned char red = 0, green = 0, blue = 0;
+        picture.GetOrFindMaskColour(&red, &green, &blue);
+        made.SetMask(new wxMask(made, wxColour(red, green, blue)));
+    }
+    SetBitmap(made);
+}
+
+void CwxRasterPicture::SetMask(const IRasterPicture* mask)
+{
+    const CwxRasterPicture* const source = Ours(mask);
+    if (!source || !source->bitmap.IsOk() || !bitmap.IsOk())
+        return;
+    // wx makes masks of monochrome bitmaps only; pictures have the screen's depth. Black is transparent, and
+    // ConvertToMono turns the colour it is given white.
+    const wxImage image = source->bitmap.ConvertToImage();
+    bitmap.SetMask(new wxMask(wxBitmap(image.ConvertToMono(0, 0, 0), 1), *wxWHITE));
+}
+
+bool CwxRasterPicture::CopyFrom(const IRasterPicture* source, const screen_rectangle<int>& area)
+{
+    if (!source)
+        return false;
+    const CwxRasterPicture* const from = Ours(source);
+    if (!from)
+        return true;
+    const wxBitmap shared = from->bitmap;
+    if (area.IsNull() || !shared.IsOk()) {
+        SetBitmap(shared);
+        m_size = from->GetSize();
+        return true;
+    }
+    wxRect rect = vela2wx(area);
+    rect.x = std::max(rect.x, 0); // the extent stays
+    rect.y = std::max(rect.y, 0);
+    rect.width = FitExtent(rect.x, rect.width, shared.GetWidth());
+    rect.height = FitExtent(rect.y, rect.height, shared.GetHeight());
+    const bool any = rect.width > 0 && rect.height > 0;
+    SetBitmap(any ? shared.GetSubBitmap(rect) : wxBitmap());
+    return true;
+}
+
+void CwxRasterPicture::Scale(int width, int height)
+{
+    if (!bitmap.IsOk() || !IsPictureSize(width, height))
+        return;
+    SetBitmap(wxBitmap(bitmap.ConvertToImage().Scale(width, height, wxIMAGE_QUALITY_HIGH)));
+}
+
+void CwxRasterPicture::Blur(const size<int>& radius, const screen_rectangle<int>& area)
+{
+    if (!bitmap.IsOk() || (radius.width < 1 && radius.height < 1))
+        return;
+    wxImage image = bitmap.ConvertToImage();
+    const wxRect rect = vela2wx(area);
+    if (!area.IsNull()) {
+        const bool inside = wxRect(bitmap.GetSize()).Contains(rect);
+        if (rect.IsEmpty() || !inside)
+            return;
+        image = image.GetSubImage(rect);
+    }
+    // wx reads beyond the image when the radius does.
+    const int horizontal = std::min(radius.width, image.GetWidth() - 1);
+    const int vertical = std::min(radius.height, image.GetHeight() - 1);
+    if (horizontal > 0)
+        image = image.BlurHorizontal(horizontal);
+    if (vertical > 0)
+        image = image.BlurVertical(vertical);
+    if (area.IsNull()) {
+        SetBitmap(wxBitmap(image));
+        return;
+    }
+    wxMemoryDC memory(bitmap);
+    memory.DrawBitmap(wxBitmap(image), area.left, area.top, false);
+}
+
+CHandle<IPainter> CwxRasterPicture::CreatePainter()
+{
+    return {};
+}
+
+IPainter* CwxRasterPicture::TakeDefPainter()
+{
+    if (!defPainter) {
+        defPainter = std::make_unique<CwxRstPainter>(this);
+        defPainter->SetCounted(false); // the picture's own
+    }
+    return defPainter.get();
+}
+
+void CwxRasterPicture::SetSize(size<int> pixels)
+{
+    // Kept by contract: only what is recorded changes. wx's own record stays with the pixels, so that nothing
+    // reads beyond them.
+    m_size = pixels;
+}
+
+void CwxRasterPicture::Save(const std::string& fileName)
+{
+    NeedXPMHandler();
+    if (!bitmap.IsOk())
+        return;
+    wxImage image = bitmap.ConvertToImage();
+    if (image.HasAlpha())
+        image.ConvertAlphaToMask(); // else wx saves what is transparent as solid
+    image.SaveFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
+}
+
+void CwxRasterPicture::Load(const std::string& fileName)
+{
+    NeedXPMHandler();
+    wxBitmap loaded;
+    if (const std::optional<wxBitmap> xpm = ReadXPMFile(fileName))
+        loaded = *xpm;
+    else
+        loaded.LoadFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
+    const bool fits = loaded.IsOk() && IsPictureSize(loaded.GetWidth(), loaded.GetHeight());
+    SetBitmap(fits ? loaded : wxBitmap());
+}
+
+int CwxRasterPicture::GetCanvasMetrics(CanvasMetrics metric) const
+{
+    if (metric == cmWidth)
+        return m_size.width;
+    if (metric == cmHeight)
+        return m_size.height;
+    if (!gtkport::DisplayIsOpen())
+        return 0;
+    wxMemoryDC memory;
+    wxDC* dc = defPainter ? defPainter->GetDC() : nullptr;
+    if (!dc) {
+        if (bitmap.IsOk())
+            memory.SelectObjectAsSource(bitmap);
+        dc = &memory;
+    }
+    const bool pixels = dc->IsOk(); // wx asks the bitmap for its depth
+    switch (metric) {
+    case cmWidthMM:
+    case cmHeightMM: // Kept by contract: the width as well
+        return dc->GetSizeMM().GetWidth();
+    case cmScreenWidth:
+        return wxScreenDC().GetSize().GetWidth();
+    case cmScreenHeight:
+        return wxScreenDC().GetSize().GetHeight();
+    case cmScreenWidthMM:
+        return wxScreenDC().GetSizeMM().GetWidth();
+    case cmScreenHeightMM:
+        return wxScreenDC().GetSizeMM().GetHeight();
+    case cmColors:
+        return pixels ? static_cast<int>(1u << (static_cast<unsigned>(dc->GetDepth()) % 32)) : 0;
+    case cmDepth:
+        return pixels ? dc->GetDepth() : 0;
+    case cmDpiX:
+        return dc->GetPPI().GetWidth();
+    case cmDpiY:
+        return dc->GetPPI().GetHeight();
+    default:
+        return 0;
+    }
+}
+
+void Bitmap2RasterPicture(const wxBitmap& bitmap, IRasterPicture* picture)
+{
+    if (auto* const ours = dynamic_cast<CwxRasterPicture*>(picture))
+        ours->SetBitmap(bitmap);
+}
+
+} // namespace vela7
