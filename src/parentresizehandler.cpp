@@ -1,5 +1,8 @@
 #include "vela7/parentresizehandler.h"
 
+#include "vela7/velawxwindow.h"
+#include "vela7/wxsyswindow.h"
+
 wxIMPLEMENT_DYNAMIC_CLASS(vela7::CParentResizeHandler, wxEvtHandler);
 
 namespace vela7 {
@@ -11,13 +14,22 @@ wxBEGIN_EVENT_TABLE(CParentResizeHandler, wxEvtHandler)
 wxEND_EVENT_TABLE()
 // clang-format on
 
-// Both events end here: the handlers return without skipping, and touch nothing after calling out, since
-// a listener may destroy the toolkit window and this handler with it.
+// Both events end here: the handlers return without skipping, and touch nothing after calling out, since a
+// listener may destroy the toolkit window and this handler with it.
 
+// The sizer stands between the parent's resize and the window's. A listener that destroyed the parent would
+// pull it away under wx, so the window hears of its new size when the layout is through.
 void CParentResizeHandler::sizeEvent(wxSizeEvent& event)
 {
-    if (auto* const parent = dynamic_cast<wxWindow*>(event.GetEventObject()))
-        parent->Layout();
+    auto* const parent = dynamic_cast<wxWindow*>(event.GetEventObject());
+    if (!parent)
+        return;
+    const wxWeakRef<wxWindow> native(m_window);
+    if (CwxSysWindow* const window = GetWrapper(native))
+        window->HoldResize();
+    parent->Layout();
+    if (CwxSysWindow* const window = GetWrapper(native))
+        window->ReleaseResize();
 }
 
 void CParentResizeHandler::focusInEvent(wxFocusEvent&)

@@ -181,8 +181,29 @@ void CwxSysWindow::moveEvent(wxMoveEvent& event)
     DeliverRecord(event, record, &CSysWindow::ProcessMove);
 }
 
+void CwxSysWindow::HoldResize()
+{
+    m_resizeHeld = true;
+}
+
+// Sends the event that was held anew, through all handlers.
+void CwxSysWindow::ReleaseResize()
+{
+    m_resizeHeld = false;
+    if (!m_resizePending)
+        return;
+    m_resizePending = false;
+    wxSizeEvent event(window->GetSize(), window->GetId());
+    event.SetEventObject(window);
+    window->HandleWindowEvent(event);
+}
+
 void CwxSysWindow::sizeEvent(wxSizeEvent& event)
 {
+    if (m_resizeHeld) {
+        m_resizePending = true;
+        return;
+    }
     const wxSize client = window->GetClientSize(); // Kept by contract: not what the event says
     CWindowEvent record(this, client.GetWidth(), client.GetHeight());
     DeliverRecord(event, record, &CSysWindow::ProcessResize);

@@ -89,7 +89,8 @@ public:
     void OnChildFocusOut(wxFocusEvent& event) override;
 
 protected:
-    friend class CVELAwxWindow; // deletes the toolkit window
+    friend class CVELAwxWindow;        // deletes the toolkit window
+    friend class CParentResizeHandler; // holds its resizes
     ~CwxSysWindow() override;
 
     /// Moves the focus on: among the siblings of the parent, then within this window if it is still there.
@@ -108,6 +109,8 @@ private:
     void CreateNative(wxWindow* parent);
     void FillParent(wxWindow* parent);
     void LeaveParent();
+    void HoldResize();
+    void ReleaseResize();
     void SetColors(WindowType type);
     wxClientDC& GetClientDC() const;
     wxScreenDC& GetScreenDC() const;
@@ -143,7 +146,9 @@ private:
     void navigationEvent(wxNavigationKeyEvent& event);
 
     std::unique_ptr<CPushedHandler> m_parentHandler; // of a window that fills its parent
-    mutable const void* m_clientDrawable = nullptr;  // what clientDC was made for
+    bool m_resizeHeld = false;                       // while the parent is laid out
+    bool m_resizePending = false;
+    mutable const void* m_clientDrawable = nullptr; // what clientDC was made for
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -9,6 +9,7 @@
 #include <wx/brush.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
+#include <wx/dcmirror.h>
 #include <wx/pen.h>
 #include <wx/settings.h>
 
@@ -275,6 +276,44 @@ TEST_F(Painter, OutlivesItsWindow)
     orphan.EndPaint();
     EXPECT_TRUE(orphan.GetDrawRect().IsNull());
     orphan.ScrollContent(1, 1, 0, 0, 5, 5);
+}
+
+// A device that counts what is copied to it.
+class CountingImpl : public wxMirrorDCImpl
+{
+public:
+    CountingImpl(wxDC* owner, wxDC& real) : wxMirrorDCImpl(owner, *real.GetImpl(), false) {}
+
+    bool DoBlit(wxCoord x, wxCoord y, wxCoord width, wxCoord height, wxDC* source, wxCoord sx, wxCoord sy,
+                wxRasterOperationMode op, bool useMask, wxCoord mx, wxCoord my) override
+    {
+        copied.emplace_back(x, y, width, height);
+        return wxMirrorDCImpl::DoBlit(x, y, width, height, source, sx, sy, op, useMask, mx, my);
+    }
+
+    std::vector<wxRect> copied;
+};
+
+class CountingDC : public wxDC
+{
+public:
+    explicit CountingDC(wxDC& real) : wxDC(new CountingImpl(this, real)) {}
+    const std::vector<wxRect>& Copied() const { return static_cast<CountingImpl*>(m_pimpl)->copied; }
+};
+
+TEST_F(Painter, BufferedPaintEndsInOneCopyOfTheClientArea)
+{
+    wxBitmap target(400, 300);
+    wxMemoryDC real(target);
+    CountingDC dc(real);
+    painter->SetDC(&dc);
+    painter->BeginPaint(ssBuffered);
+    for (int i = 0; i < 10; ++i)
+        painter->Rectangle(i, i, 50, 50);
+    EXPECT_TRUE(dc.Copied().empty());
+    painter->EndPaint();
+    EXPECT_EQ(std::vector<wxRect>{wxRect(0, 0, 400, 300)}, dc.Copied());
+    painter->SetDC(nullptr);
 }
 
 TEST_F(Painter, WindowWithoutClientAreaPaintsBuffered)
