@@ -1,6 +1,7 @@
 #include "vela7/wxconvert.h"
 
 #include "gtkport.h"
+#include "textdecode.h"
 
 #include <wx/event.h>
 #include <wx/settings.h>
@@ -12,9 +13,19 @@ namespace vela7 {
 
 // ---- text
 
+// ASCII is the same in every locale and needs no conversion; most of the toolkit's texts are.
+wxString DecodeText(const char* text, std::size_t length)
+{
+    const char* const end = text + length;
+    if (std::any_of(text, end, [](char c) { return (c & 0x80) != 0; }))
+        return wxString(text, wxConvLibc, length);
+    const std::wstring wide(text, end);
+    return wxString(wide.data(), wide.size());
+}
+
 wxString vela2wx(const std::string& text)
 {
-    return wxString(text.data(), wxConvLibc, text.size());
+    return DecodeText(text.data(), text.size());
 }
 
 std::string wx2vela(const wxString& text)

@@ -2,6 +2,7 @@
 
 #include "vela7/wxpainter.h"
 
+#include "textdecode.h"
 #include "vela7/wxconvert.h"
 
 #include <wx/pen.h>
@@ -17,7 +18,7 @@ wxString Decode(const char* text, int length)
 {
     if (!text)
         return {};
-    return wxString(text, wxConvLibc, length < 0 ? std::strlen(text) : static_cast<std::size_t>(length));
+    return DecodeText(text, length < 0 ? std::strlen(text) : static_cast<std::size_t>(length));
 }
 
 } // namespace

@@ -182,7 +182,7 @@ void CwxRasterPicture::Load(const std::string& fileName)
     else
         loaded.LoadFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
     const bool fits = loaded.IsOk() && IsPictureSize(loaded.GetWidth(), loaded.GetHeight());
-    SetBitmap(fits ? loaded : wxBitmap());
+    SetBitmap(fits ? loaded : wxBitmap(bitmap)); // the size follows the pixels in any case
 }
 
 int CwxRasterPicture::GetCanvasMetrics(CanvasMetrics metric) const

@@ -40,6 +40,7 @@ public:
     void SetSize(size<int> pixels) override;
     /// Always XPM, whatever the name ends in.
     void Save(const std::string& fileName) override;
+    /// What cannot be read as a picture leaves the pixels; the recorded size follows them in any case.
     void Load(const std::string& fileName) override;
     int GetCanvasMetrics(CanvasMetrics metric) const override;
 
