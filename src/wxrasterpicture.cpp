@@ -9,7 +9,6 @@
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
 #include <wx/image.h>
-#include <wx/log.h>
 
 #include <algorithm>
 

@@ -120,7 +120,6 @@ private:
     template <class Record>
     void DeliverRecord(wxEvent& event, Record& record, void (CSysWindow::*hook)(Record*));
     CMouseEvent MakeMouseRecord(const wxMouseEvent& event, std::uint32_t button);
-    void DeliverUnfilled(wxPaintEvent& event);
 
     void mousePressEvent(wxMouseEvent& event);
     void mouseReleaseEvent(wxMouseEvent& event);
