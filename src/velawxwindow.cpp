@@ -56,7 +56,7 @@ CVELAwxWindow::~CVELAwxWindow()
     owner = nullptr;
     if (wxTheApp)
         wxPendingDelete.DeleteObject(this);
-    if (m_deliveries > 0)
+    if (deliveries.IsDelivering())
         Lingering().insert(dynamic_cast<void*>(this));
 }
 
@@ -64,13 +64,7 @@ bool CVELAwxWindow::Destroy()
 {
     if (owner && owner->IsDestroyed())
         return true; // under way: a listener wants what it is being told of
-    if (m_deliveries == 0 || !wxTheApp)
-        return wxWindow::Destroy();
-    if (!HasFocus()) // GTK complains when the focus vanishes while it arrives
-        Hide();
-    if (!wxTheApp->IsScheduledForDestruction(this))
-        wxTheApp->ScheduleForDestruction(this);
-    return true;
+    return deliveries.PutOffDestruction(*this) || wxWindow::Destroy();
 }
 
 // The counterpart that the compiler expects of operator delete; it looks through an inlined one.
@@ -85,17 +79,6 @@ void CVELAwxWindow::operator delete(void* storage)
         wxTheApp->ScheduleForDestruction(::new (storage) CRemains);
     else
         ::operator delete(storage);
-}
-
-CVELAwxWindow::CDelivery::CDelivery(CVELAwxWindow& window) : m_window(&window)
-{
-    ++window.m_deliveries;
-}
-
-CVELAwxWindow::CDelivery::~CDelivery()
-{
-    if (m_window)
-        --m_window->m_deliveries;
 }
 
 CwxSysWindow* GetWrapper(wxWindow* window)

@@ -443,6 +443,11 @@ wxWindow* GetTopWindow()
     return app ? app->GetTopWindow() : nullptr;
 }
 
+ISysWindow* CreateWrapperForWx(wxWindow* window)
+{
+    return window ? new CwxSysWindow(window, false, ISysWindow::wtNormal) : nullptr;
+}
+
 void UpdateWindowState(wxWindow* window)
 {
     if (!window)

@@ -13,7 +13,7 @@ template <class Hook>
 bool CwxSysWindow::Deliver(wxEvent& event, Hook hook)
 {
     const CLifeWatch alive = WatchLife();
-    const CVELAwxWindow::CDelivery delivery(*window);
+    const CDeliveryCount::CDelivery delivery(window->deliveries);
     CallOut(hook);
     if (alive.IsAlive())
         return true;

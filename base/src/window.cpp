@@ -262,9 +262,15 @@ void CSysWindow::ShowPendingTooltip()
 {
     const ISystem* const system = GetCurrentSystem();
     const bool wanted = m_tooltip && m_tooltipEnabled && m_tooltipPending && m_tooltipTracking;
-    if (wanted && !IsDestroyed() && !m_tooltipText.empty() && system && system->IsAppActive())
+    if (wanted && !IsDestroyed() && HasTip() && system && system->IsAppActive())
         m_tooltip->Show();
     m_tooltipPending = false;
+}
+
+// There is something to be seen in it.
+bool CSysWindow::HasTip() const
+{
+    return !m_tooltipText.empty() || m_tooltip->GetLayerMode() != ITooltip::lmNormal;
 }
 
 void CSysWindow::StopTooltipTimer()

@@ -1,12 +1,10 @@
 /// The native half of a toolkit window.
 #pragma once
 
+#include "vela7/deliverycount.h"
 #include "vela7/wxexport.h"
 
 #include <wx/window.h>
-
-#include <type_traits> // wx/weakref.h needs it and does not include it
-#include <wx/weakref.h>
 
 #include <cstddef>
 
@@ -35,22 +33,10 @@ public:
     /// The toolkit window; null before it is complete and for windows made by class name.
     CwxSysWindow* owner = nullptr;
 
-    /// Counts the events that the window is delivering. The window may die meanwhile.
-    class VELA7_WX_API CDelivery
-    {
-    public:
-        explicit CDelivery(CVELAwxWindow& window);
-        ~CDelivery();
-        CDelivery(const CDelivery&) = delete;
-        CDelivery& operator=(const CDelivery&) = delete;
-
-    private:
-        wxWeakRef<CVELAwxWindow> m_window;
-    };
+    /// Of the toolkit window's events.
+    CDeliveryCount deliveries;
 
 private:
-    int m_deliveries = 0;
-
     wxDECLARE_DYNAMIC_CLASS(CVELAwxWindow);
 };
 

@@ -82,6 +82,9 @@ public:
     CHandle<IPopup> CreatePopup() override;
     ISysWindow* CreateChild(WindowType type) override;
 
+    /// Where native controls that live on the window report their focus.
+    IChildFocusNotify& GetChildFocusNotify() { return *this; }
+
     /// The test of IsActive for a given window; false for null.
     bool IsActiveImp(const wxWindow* candidate) const;
 
@@ -156,6 +159,8 @@ private:
 VELA7_WX_API bool IsWindowExternal(const wxWindow* window, const wxWindow* owner);
 /// The application's top window; null without an application.
 VELA7_WX_API wxWindow* GetTopWindow();
+/// A toolkit window that fills an existing wx window; belongs to it. Null for null.
+VELA7_WX_API ISysWindow* CreateWrapperForWx(wxWindow* window);
 /// Gives a native control the toolkit's GUI font, if one is set, and the system's window colours.
 VELA7_WX_API void UpdateWindowState(wxWindow* window);
 

@@ -219,6 +219,12 @@ TEST(Tooltip, IsShownOnlyWhenItMay)
         window.TrackTooltip(7, 8, row.text);
         EXPECT_EQ(window.IsTooltipVisible(), row.shown) << row.what;
     }
+    FakeSystem system;
+    FakeWindow window;
+    window.SetTooltipDelay(0);
+    window.tooltip.SetLayerMode(ITooltip::lmCustom, true);
+    window.TrackTooltip(7, 8, ""); // its layer is what is shown
+    EXPECT_TRUE(window.IsTooltipVisible());
 }
 
 TEST(Tooltip, HooksThatHideIt)

@@ -30,6 +30,7 @@ public:
     point<int> pos;
     bool visible = false;
     bool underMouse = false;
+    LayerMode layerMode = lmNormal;
 
     void SetText(const std::string& value) override { text = value; }
     void SetColor(const _color&) override {}
@@ -42,8 +43,9 @@ public:
     int GetMonitorIndex() const override { return 0; }
     void Clear() override {}
     screen_rectangle<int> GetScreenRect() const override { return {pos, pos}; }
-    ICustomControl* GetCustomLayer() override { return nullptr; }
-    void SetLayerMode(LayerMode, bool) override {}
+    ISysWindow* GetCustomLayer() override { return nullptr; }
+    LayerMode GetLayerMode() const override { return layerMode; }
+    void SetLayerMode(LayerMode mode, bool) override { layerMode = mode; }
     bool IsVisible() const override { return visible; }
     void ShowInt() override { visible = true; }
     void HideInt() override { visible = false; }

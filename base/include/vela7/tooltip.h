@@ -10,7 +10,7 @@
 
 namespace vela7 {
 
-class ICustomControl;
+class ISysWindow;
 
 class VELA7_BASE_API ITooltip
 {
@@ -43,9 +43,12 @@ public:
     /// Forgets the fixed size.
     virtual void Clear() = 0;
     virtual screen_rectangle<int> GetScreenRect() const = 0;
-    /// Null until the custom layer was first asked for.
-    virtual ICustomControl* GetCustomLayer() = 0;
+    /// The window that covers the tip in custom mode; null until that mode was first asked for. Belongs to the
+    /// tip.
+    virtual ISysWindow* GetCustomLayer() = 0;
+    /// hideLayerOnHide: hiding the tip ends the custom mode.
     virtual void SetLayerMode(LayerMode mode, bool hideLayerOnHide) = 0;
+    virtual LayerMode GetLayerMode() const = 0;
     virtual bool IsVisible() const = 0;
     /// What Show and Hide do; called by them only.
     virtual void ShowInt() = 0;

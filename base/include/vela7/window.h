@@ -236,6 +236,7 @@ protected:
 
 private:
     bool IsTipUnderMouse() const;
+    bool HasTip() const;
     void ShowPendingTooltip();
     void StopTooltipTimer();
     void FocusNextTabStop(bool forward);
