@@ -40,6 +40,25 @@ wxBitmap BitmapFromXPM(const char* const* lines)
     return pixbuf ? wxBitmap(pixbuf) : wxBitmap(); // takes the reference over
 }
 
+void GrabPointer(const wxWindow& window)
+{
+    GdkWindow* const target = window.m_widget ? gtk_widget_get_window(window.m_widget) : nullptr;
+    if (!target)
+        return;
+    const auto mask = GdkEventMask(GDK_POINTER_MOTION_MASK | GDK_POINTER_MOTION_HINT_MASK |
+                                   GDK_BUTTON_PRESS_MASK | GDK_BUTTON_RELEASE_MASK);
+#if GTK_CHECK_VERSION(3, 0, 0)
+    // A grab of the device and not of the seat: wx ends it as one.
+    GdkDevice* const pointer =
+        gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_window_get_display(target)));
+    G_GNUC_BEGIN_IGNORE_DEPRECATIONS
+    gdk_device_grab(pointer, target, GDK_OWNERSHIP_NONE, TRUE, mask, nullptr, GDK_CURRENT_TIME);
+    G_GNUC_END_IGNORE_DEPRECATIONS
+#else
+    gdk_pointer_grab(target, TRUE, mask, nullptr, nullptr, GDK_CURRENT_TIME);
+#endif
+}
+
 wxSize CheckBoxSize()
 {
     wxWindow* window = nullptr;

@@ -26,6 +26,10 @@ const void* Drawable(const wxWindow& window);
 /// The picture of complete XPM lines, with the colour names as GTK knows them; invalid when there is none.
 wxBitmap BitmapFromXPM(const char* const* lines);
 
+/// Has the pointer's events reported to a top-level window, wherever on the screen the pointer is; those
+/// inside the application go on to the windows they belong to.
+void GrabPointer(const wxWindow& window);
+
 /// Size of the theme's check box.
 wxSize CheckBoxSize();
 

@@ -37,23 +37,24 @@ static_assert(sizeof(CRemains) == sizeof(CVELAwxWindow), "it takes the place of 
 // window that they report to, and the stack of event handlers is clean before wx looks at it.
 CVELAwxWindow::~CVELAwxWindow()
 {
-    if (owner) {
-        // A listener may destroy the parent, which must not delete this window a second time.
-        const wxWeakRef<wxWindow> parent(GetParent());
+    if (owner)
         owner->LeaveParent();
-        if (parent)
-            parent->GetChildren().DeleteObject(this);
+    // A listener, also one of a child's, may destroy the parent, which must not delete this window a second
+    // time.
+    const wxWeakRef<wxWindow> parent(GetParent());
+    if (parent)
+        parent->GetChildren().DeleteObject(this);
+    if (owner)
         owner->ProcessDestroy();
-        if (parent)
-            parent->GetChildren().Append(this);
-        else
-            m_parent = nullptr;
-    }
+    if (!parent)
+        m_parent = nullptr;
     if (HasCapture())
         ReleaseMouse();
     DestroyChildren();
     delete owner;
     owner = nullptr;
+    if (!parent)
+        m_parent = nullptr;
     if (wxTheApp)
         wxPendingDelete.DeleteObject(this);
     if (deliveries.IsDelivering())

@@ -22,6 +22,7 @@
 #include "vela7/velawxwindow.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxmouse.h"
+#include "vela7/wxpopup.h"
 
 #include <wx/app.h>
 #include <wx/dcclient.h>
@@ -403,6 +404,11 @@ ISysWindow* CwxSysWindow::CreateChild(WindowType type)
     return new CwxSysWindow(window, true, type);
 }
 
+CHandle<IPopup> CwxSysWindow::CreatePopup()
+{
+    return CHandle<IPopup>(new CwxTransientPopup(*this));
+}
+
 // No classes for these yet.
 
 CHandle<IPopupMenu> CwxSysWindow::CreateMenu()
@@ -421,11 +427,6 @@ CHandle<IInplaceComboBox> CwxSysWindow::CreateInplaceComboBox(bool)
 }
 
 CHandle<IScrollBar> CwxSysWindow::CreateScrollBar(ScrollType)
-{
-    return {};
-}
-
-CHandle<IPopup> CwxSysWindow::CreatePopup()
 {
     return {};
 }

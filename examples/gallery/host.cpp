@@ -231,6 +231,7 @@ bool PaintPage(GalleryFrame& frame, std::size_t index)
         input.Everything();
     else
         input.MoveTo(int(client.right * place.x), int(client.bottom * place.y));
+    slot.page->ShowSample(true);
     return WaitFor("page " + slot.name + " shows its input", [&] { return slot.paints->Count() > before; }) &&
            WaitForQuiet();
 }
@@ -248,6 +249,9 @@ bool WriteScreenshots(GalleryFrame& frame, const wxString& directory)
             return false;
         }
         std::printf("%s\n", static_cast<const char*>(file.utf8_str()));
+        frame.Slots()[i].page->ShowSample(false);
+        if (!WaitForQuiet())
+            return false;
     }
     return true;
 }

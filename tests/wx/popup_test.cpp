@@ -1,0 +1,200 @@
+// Popups: what ends them, where the focus goes, and what happens when they end in the middle of things.
+#include "windowhelpers.h"
+
+#include "support/pixels.h"
+#include "vela7/wxpopup.h"
+
+#include <gdk/gdkkeysyms.h>
+#include <gtk/gtk.h>
+#include <wx/textctrl.h>
+
+using namespace vela7;
+using namespace vela7::test;
+
+namespace {
+
+// A popup of 120x80 at (600,200), right of the frame; a text control on the panel has the focus.
+class Popups : public WindowTest
+{
+protected:
+    void SetUp() override { WindowTest::SetUp(), HasFatalFailure() ? void() : Open(); }
+    void Open()
+    {
+        owner = std::make_unique<Recorder>(window);
+        owner->Hear<IMouseNotify, IFocusNotify>();
+        other = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(20, 200));
+        popup = window->CreatePopup();
+        content = popup->GetContent();
+        popup->SetSize(120, 80);
+        heard = std::make_unique<Recorder>(content);
+        ShowIt();
+    }
+    void ShowIt()
+    {
+        popup->Show(600, 200);
+        other->SetFocus();
+        Settle();
+        owner->Take();
+    }
+    static void ClickAt(const wxPoint& place) { MovePointer(place.x, place.y), Click(); }
+    static bool Grabbed() { return gdk_pointer_is_grabbed() || gtk_grab_get_current(); }
+    wxTextCtrl* other = nullptr;
+    CHandle<IPopup> popup;
+    ISysWindow* content = nullptr;
+    std::unique_ptr<Recorder> owner, heard;
+};
+
+const wxPoint onOwner{150, 160}, onPopup{650, 250}, onRoot{900, 900};
+
+} // namespace
+
+TEST_F(Popups, ClicksElsewhere)
+{
+    for (const wxPoint place : {onOwner, onRoot})
+        for (const bool autoHide : {true, false}) {
+            SCOPED_TRACE(At(place.x, place.y) + (autoHide ? " hides" : " stays"));
+            popup->SetAutoHide(autoHide);
+            popup->Hide();
+            Settle();
+            ShowIt();
+            ClickAt(place);
+            EXPECT_TRUE(popup->IsVisible() == !autoHide && Viewable(Native(content)) == !autoHide);
+            EXPECT_TRUE(owner->Count("focus") == 1 && owner->Count("press") == 0);
+        }
+    popup->SetAutoHide(true); // the click has ended the watch
+    ClickAt(onRoot);
+    EXPECT_TRUE(popup->IsVisible());
+    popup->Hide();
+    popup->Show(600, 200);
+    ClickAt(onRoot);
+    EXPECT_FALSE(popup->IsVisible());
+}
+
+TEST_F(Popups, FocusGoesBackOnTheNextPass)
+{
+    popup->Hide();
+    EXPECT_TRUE(other->HasFocus());
+    Settle();
+    EXPECT_TRUE(window->GetFocused());
+    EXPECT_EQ(Lines{"focus"}, owner->Take());
+    other->SetFocus();
+    popup->Hide(); // hidden: nothing
+    Settle();
+    EXPECT_TRUE(other->HasFocus());
+}
+
+TEST_F(Popups, PlaceAndSize)
+{
+    int width = -1, height = -1;
+    popup->GetSize(nullptr, &height);
+    popup->GetSize(&width, nullptr);
+    EXPECT_TRUE(width == 120 && height == 80);
+    EXPECT_EQ(wxRect(600, 200, 120, 80), Native(content)->GetScreenRect());
+    popup->Show(620, 230); // wx asserts if it were popped up twice
+    popup->SetSize(60, 50);
+    EXPECT_EQ(wxRect(620, 230, 60, 50), Native(content)->GetParent()->GetScreenRect());
+    EXPECT_EQ(wxSize(60, 50), Native(content)->GetSize());
+    EXPECT_EQ(static_cast<ISysWindow*>(window), popup->GetParent());
+}
+
+TEST_F(Popups, ContentIsAWindowLikeAnyOther)
+{
+    heard->HearAll();
+    heard->DoIn("draw", [](CEvent& e) {
+        static_cast<CDrawEvent&>(e).painter->SetBackgroundColor({200, 30, 40});
+        const CPaintScope cleared(*static_cast<CDrawEvent&>(e).painter);
+    });
+    content->Refresh(0, 0, 120, 80, false);
+    Settle();
+    EXPECT_EQ(120 * 80, ReadPixels(Native(content)).CountColour(wxRect(0, 0, 120, 80), 0xC81E28));
+    MoveTo(Native(content), 10, 20);
+    heard->Take();
+    heard->DoIn("press", [](CEvent& e) { e.passOn = false; }); // wx would set the focus
+    Press();
+    MoveTo(Native(content), 12, 23);
+    Release();
+    Tap(GDK_KEY_F5);
+    EXPECT_EQ((Lines{"press 10,20 button 1 state 0x1", "motion 12,23 button 1 state 0x1",
+                     "release 12,23 button 1 state 0x0", "keydown 116 state 0x0 char 0",
+                     "char 344 state 0x0 char 88", "keyup 116 state 0x0 char 0"}),
+              heard->Take());
+    EXPECT_TRUE(other->HasFocus() && popup->IsVisible());
+    EXPECT_EQ(Lines{}, owner->Take());
+}
+
+TEST_F(Popups, GrabComesBack)
+{
+    heard->Hear<IMouseNotify>();
+    heard->DoIn("press", [this](CEvent&) { content->CaptureMouse(); });
+    ClickAt(onPopup);
+    content->ReleaseMouse();
+    ClickAt(onRoot);
+    content->ReleaseMouse(); // grabs for a popup that is shown only
+    EXPECT_FALSE(popup->IsVisible() || Grabbed());
+    popup->Show(600, 200); // and a popup of its own takes the grab as well
+    const CHandle<IPopup> inner = content->CreatePopup();
+    inner->SetSize(50, 50);
+    inner->Show(800, 300);
+    Settle();
+    ClickAt(onRoot);
+    EXPECT_TRUE(!inner->IsVisible() && popup->IsVisible());
+    ClickAt(onRoot);
+    EXPECT_TRUE(!popup->IsVisible() && window->GetFocused());
+    inner->Show(800, 300);
+    popup.Reset();
+    Settle();
+    EXPECT_FALSE(inner || Grabbed());
+}
+
+// In the notifications of the content. Afterwards nothing is left of the popup, and the owner has the focus.
+TEST_F(Popups, EndsInTheMiddle)
+{
+    const auto shrinkUnheard = [this] { // so that the next layout changes its size
+        const wxEventBlocker silence(Native(content));
+        content->SetWindowRect(0, 0, 9, 9, false);
+    };
+    // clang-format off
+    struct Row { std::string name; std::function<void()> act; };
+    const Row ends[] = {
+        {"handle",  [&] { popup.Reset(); }},
+        {"twice",   [&] { wxWindow* const host = Native(content)->GetParent(); host->Destroy(); host->Destroy(); popup.Reset(); }},
+        {"content", [&] { delete Native(content); EXPECT_EQ(nullptr, popup->GetContent()); popup.Reset(); }},
+        {"deleted", [&] { delete native; EXPECT_FALSE(popup); }},
+        {"panel",   [&] { panel->Destroy(); EXPECT_FALSE(popup); }},
+        {"frame",   [&] { frame->Destroy(); }},
+        {"handle with capture, then panel", [&] { content->CaptureMouse(); popup.Reset(); panel->Destroy(); }},
+    };
+    const Row places[] = {
+        {"colours", [&] { wxSysColourChangedEvent e; Native(content)->HandleWindowEvent(e); }},
+        {"press",   [] { ClickAt(onPopup); }},
+        {"draw",    [&] { content->Invalidate(0, 0, 20, 20); Settle(); }},
+        {"keydown", [] { Tap(GDK_KEY_Escape); }},
+        {"resize",  [&] { popup->SetSize(70, 70); }},
+        {"resize",  [&] { popup->Hide(); shrinkUnheard(); popup->Show(600, 200); }},
+        {"destroy", [&] { popup.Reset(); Settle(); }},
+        {"destroy", [&] { native->Destroy(); }},
+    };
+    // clang-format on
+    for (const Row& end : ends)
+        for (const Row& place : places) {
+            const bool inDestroy = place.name == "destroy";
+            if (inDestroy && (end.name == "deleted" || end.name == "content")) // in the middle of its end
+                continue;
+            SCOPED_TRACE(end.name + " in '" + place.name + "', row " + std::to_string(&place - places));
+            const CLifeWatch life = content->WatchLife(), ownerLife = window->WatchLife();
+            int calls = 0;
+            heard->HearAll();
+            heard->DoIn(place.name, [&](CEvent&) { calls++ == 0 ? end.act() : void(); });
+            place.act();
+            ReleaseAll();
+            Settle();
+            EXPECT_GE(calls, 1);
+            EXPECT_FALSE(life.IsAlive() || popup || Grabbed());
+            EXPECT_TRUE(!ownerLife.IsAlive() || inDestroy || window->GetFocused());
+            frame ? void(frame->DestroyChildren()) : GuiTest::SetUp(); // a new scene
+            panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 200));
+            window = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
+            native = Native(window);
+            Open();
+        }
+}
