@@ -43,6 +43,8 @@ public:
         ~CDelivery();
         CDelivery(const CDelivery&) = delete;
         CDelivery& operator=(const CDelivery&) = delete;
+        /// The window still exists, and so does the toolkit window in it.
+        bool IsAlive() const { return m_window.get() != nullptr; }
 
     private:
         wxWeakRef<CVELAwxWindow> m_window;

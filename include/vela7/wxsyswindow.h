@@ -85,6 +85,8 @@ public:
     /// The test of IsActive for a given window; false for null.
     bool IsActiveImp(const wxWindow* candidate) const;
 
+    /// What the native controls on the window report their focus to; a cast does not find a private base.
+    IChildFocusNotify& GetChildFocusNotify() { return *this; }
     void OnChildFocusIn(wxFocusEvent& event) override;
     void OnChildFocusOut(wxFocusEvent& event) override;
 
