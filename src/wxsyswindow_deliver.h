@@ -12,10 +12,9 @@ namespace vela7 {
 template <class Hook>
 bool CwxSysWindow::Deliver(wxEvent& event, Hook hook)
 {
-    const CLifeWatch alive = WatchLife();
     const CDeliveryCount::CDelivery delivery(window->deliveries);
     CallOut(hook);
-    if (alive.IsAlive())
+    if (delivery.IsAlive())
         return true;
     event.Skip(false);
     event.StopPropagation();

@@ -74,16 +74,19 @@ void CwxSysWindow::focusOutEvent(wxFocusEvent& event)
         event.Skip();
 }
 
+// The event is the control's own, so wx goes on using the control: what dies here is dealt with as in the
+// window's own handlers.
+
 void CwxSysWindow::OnChildFocusIn(wxFocusEvent& event)
 {
     if (IsWindowExternal(event.GetWindow(), window))
-        ProcessGetFocus();
+        Deliver(event, [this] { ProcessGetFocus(); });
 }
 
 void CwxSysWindow::OnChildFocusOut(wxFocusEvent& event)
 {
     if (IsWindowExternal(event.GetWindow(), window))
-        ProcessReleaseFocus();
+        Deliver(event, [this] { ProcessReleaseFocus(); });
 }
 
 // ---- work from other threads
@@ -103,6 +106,9 @@ void CwxSysWindow::Synchronize(IRunnable* runnable)
 
 void CwxSysWindow::syncEvent(wxSyncEvent& event)
 {
+    // A runnable before this one may have destroyed the window, which is put off to the next idle pass.
+    if (wxTheApp && wxTheApp->IsScheduledForDestruction(window))
+        return;
     if (IRunnable* const runnable = event.GetRunnable())
         Deliver(event, [runnable] { runnable->Run(); });
 }

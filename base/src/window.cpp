@@ -189,7 +189,7 @@ void CSysWindow::FocusNextTabStop(bool forward)
 
 void CSysWindow::AddTabStop(ICustomControl* control)
 {
-    if (control)
+    if (control && std::find(m_tabStops.begin(), m_tabStops.end(), control) == m_tabStops.end())
         m_tabStops.push_back(control);
 }
 

@@ -11,6 +11,7 @@
 #include "vela7/wxsyswindow.h"
 
 #include <wx/app.h>
+#include <wx/button.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
 #include <wx/evtloop.h>
@@ -20,7 +21,9 @@
 #include <wx/log.h>
 #include <wx/notebook.h>
 #include <wx/panel.h>
+#include <wx/sizer.h>
 #include <wx/stopwatch.h>
+#include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include <clocale>
@@ -81,10 +84,24 @@ private:
     void AddPage(const gallery::PageEntry& entry)
     {
         auto* panel = new wxPanel(m_book);
-        ISysWindow* const window = new vela7::CwxSysWindow(panel, false, ISysWindow::wtNormal);
+        auto* content = new wxPanel(panel);
+        ISysWindow* const window = new vela7::CwxSysWindow(content, false, ISysWindow::wtNormal);
         auto page = entry.create(*window);
+        auto* sizer = new wxBoxSizer(wxVERTICAL);
+        sizer->Add(content, 1, wxEXPAND);
+        if (page->WantsNativeNeighbours())
+            sizer->Add(MakeNeighbours(panel), 0, wxEXPAND | wxALL, 8);
+        panel->SetSizer(sizer);
         m_slots.push_back({entry.name, window, std::move(page), std::make_unique<PaintCounter>(*window)});
-        m_book->AddPage(panel, entry.name);
+        m_book->AddPage(panel, entry.label);
+    }
+
+    static wxSizer* MakeNeighbours(wxWindow* parent)
+    {
+        auto* strip = new wxBoxSizer(wxHORIZONTAL);
+        strip->Add(new wxTextCtrl(parent, wxID_ANY, "a wxTextCtrl"), 1, wxRIGHT, 8);
+        strip->Add(new wxButton(parent, wxID_ANY, "a wxButton"));
+        return strip;
     }
 
     void OnPageChanged(wxBookCtrlEvent& event)

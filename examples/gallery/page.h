@@ -18,6 +18,8 @@ public:
     virtual ~Page() = default;
     /// Shows little until something happens to it: for its screenshot the host clicks and types a bit.
     virtual bool WantsSampleInput() const { return false; }
+    /// Native controls beside the page, for Tab to walk through.
+    virtual bool WantsNativeNeighbours() const { return false; }
     /// Where in the window the mouse is for the screenshot; shares of its width and height.
     virtual vela7::point<double> SamplePlace() const { return {1 / 3.0, 5 / 8.0}; }
     /// For its screenshot opens what it would open for a click; false, afterwards: closes it again.
@@ -26,7 +28,8 @@ public:
 
 struct PageEntry
 {
-    const char* name;
+    const char* name; ///< of its file among the screenshots
+    const char* label;
     std::unique_ptr<Page> (*create)(vela7::ISysWindow& window);
 };
 

@@ -1,13 +1,16 @@
 #include "page.h"
 
-// To add a page: a file that defines gallery::Create<Name>Page, and its line here: name and label of its tab.
-#define GALLERY_PAGES(PAGE)                                                                                  \
-    PAGE(Shapes, "Shapes")                                                                                   \
-    PAGE(Text, "Text")                                                                                       \
-    PAGE(Elements, "Elements")                                                                               \
-    PAGE(Pictures, "Pictures")                                                                               \
-    PAGE(Events, "Events")                                                                                   \
+// To add a page: a file that defines gallery::Create<Name>Page, and its line here with the label of its tab.
+// clang-format off
+#define GALLERY_PAGES(PAGE)                 \
+    PAGE(Shapes,        "Shapes")           \
+    PAGE(Text,          "Text")             \
+    PAGE(Elements,      "Elements")         \
+    PAGE(Pictures,      "Pictures")         \
+    PAGE(Events,        "Events")           \
+    PAGE(Focus,         "Focus")            \
     PAGE(PopupsAndTips, "Popups and tips")
+// clang-format on
 
 namespace gallery {
 
@@ -16,7 +19,7 @@ GALLERY_PAGES(DECLARE_PAGE)
 
 const std::vector<PageEntry>& AllPages()
 {
-#define PAGE_ENTRY(name, label) {label, &Create##name##Page},
+#define PAGE_ENTRY(name, label) {#name, label, &Create##name##Page},
     static const std::vector<PageEntry> pages{GALLERY_PAGES(PAGE_ENTRY)};
     return pages;
 }

@@ -38,6 +38,8 @@ public:
             if (m_count)
                 m_count->m_innermost = m_outer;
         }
+        /// The window still exists, and so does the toolkit's part of it.
+        bool IsAlive() const { return m_count != nullptr; }
         CDelivery(const CDelivery&) = delete;
         CDelivery& operator=(const CDelivery&) = delete;
 

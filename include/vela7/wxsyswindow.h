@@ -81,12 +81,11 @@ public:
     CHandle<IPopup> CreatePopup() override;
     ISysWindow* CreateChild(WindowType type) override;
 
-    /// Where native controls that live on the window report their focus.
-    IChildFocusNotify& GetChildFocusNotify() { return *this; }
-
     /// The test of IsActive for a given window; false for null.
     bool IsActiveImp(const wxWindow* candidate) const;
 
+    /// What the native controls on the window report their focus to; a cast does not find a private base.
+    IChildFocusNotify& GetChildFocusNotify() { return *this; }
     void OnChildFocusIn(wxFocusEvent& event) override;
     void OnChildFocusOut(wxFocusEvent& event) override;
 

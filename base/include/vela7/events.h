@@ -45,7 +45,7 @@ struct CMouseWheelEvent : CMouseEvent
 struct CKeyboardEvent : CEvent
 {
     std::uint32_t state = 0;     ///< one KeyState bit or 0; always 0 for characters
-    bool allowNavigation = true; ///< cleared: a Tab does not move the focus
+    bool allowNavigation = true; ///< cleared: the toolkit does not navigate by this Tab
     std::uint32_t key = 0;       ///< KeyCode; for characters the platform's own code
     unsigned char character = 0; ///< low 8 bits of the character; 0 for presses and releases
 

@@ -44,6 +44,8 @@ public:
     virtual void OnMouseLeave(CMouseEvent*) {}
 };
 
+/// A listener that uses Tab itself clears allowNavigation in OnKeyPress, and passOn there or in the OnChar
+/// that follows: the native toolkit moves the focus by a Tab that nobody stopped.
 class VELA7_BASE_API IKeyboardNotify : public INotify
 {
 public:

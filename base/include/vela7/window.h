@@ -30,9 +30,10 @@ class VELA7_BASE_API ISynchronize
 {
 public:
     virtual ~ISynchronize() = default;
-    /// Has a runnable run once on the GUI thread, in a later pass of the event loop. Any thread. A dynamic
-    /// runnable is deleted afterwards, also when the window died before it ran; one given to a window that is
-    /// being destroyed already is neither run nor deleted.
+    /// Has a runnable run once on the GUI thread, in a later pass of the event loop. Any thread, which sees to
+    /// it that the window outlives the call: end the other threads in OnDestroy at the latest. A dynamic
+    /// runnable is deleted after it ran, on the GUI thread, also when it threw or when the window was
+    /// destroyed before; one given to a window whose end has begun is neither run nor deleted.
     virtual void Synchronize(IRunnable* runnable) = 0;
 };
 
@@ -226,7 +227,7 @@ public:
     void SetNativeControl(INativeControl* control) { m_nativeControl = control; }
     INativeControl* GetNativeControl() const { return m_nativeControl; }
 
-    /// Tab stops in their order; not owned, remove them before they die.
+    /// Tab stops in their order, each once; not owned, remove them before they die.
     void AddTabStop(ICustomControl* control);
     void RemoveTabStop(ICustomControl* control);
 
