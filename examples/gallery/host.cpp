@@ -84,7 +84,7 @@ private:
         ISysWindow* const window = new vela7::CwxSysWindow(panel, false, ISysWindow::wtNormal);
         auto page = entry.create(*window);
         m_slots.push_back({entry.name, window, std::move(page), std::make_unique<PaintCounter>(*window)});
-        m_book->AddPage(panel, entry.name);
+        m_book->AddPage(panel, entry.label);
     }
 
     void OnPageChanged(wxBookCtrlEvent& event)
@@ -232,6 +232,9 @@ bool PaintPage(GalleryFrame& frame, std::size_t index)
     else
         input.MoveTo(int(client.right * place.x), int(client.bottom * place.y));
     return WaitFor("page " + slot.name + " shows its input", [&] { return slot.paints->Count() > before; }) &&
+           WaitFor(
+               "page " + slot.name + " has done something", [&] { return slot.page->IsWorthAPicture(); },
+               60000) &&
            WaitForQuiet();
 }
 

@@ -18,13 +18,16 @@ public:
     virtual ~Page() = default;
     /// Shows little until something happens to it: for its screenshot the host clicks and types a bit.
     virtual bool WantsSampleInput() const { return false; }
+    /// The screenshot waits for it.
+    virtual bool IsWorthAPicture() const { return true; }
     /// Where in the window the mouse is for the screenshot; shares of its width and height.
     virtual vela7::point<double> SamplePlace() const { return {1 / 3.0, 5 / 8.0}; }
 };
 
 struct PageEntry
 {
-    const char* name;
+    const char* name; ///< of its file among the screenshots
+    const char* label;
     std::unique_ptr<Page> (*create)(vela7::ISysWindow& window);
 };
 

@@ -2,20 +2,22 @@
 
 // To add a page: a file that defines gallery::Create<Name>Page, and its line here.
 #define GALLERY_PAGES(PAGE)                                                                                  \
-    PAGE(Shapes)                                                                                             \
-    PAGE(Text)                                                                                               \
-    PAGE(Elements)                                                                                           \
-    PAGE(Pictures)                                                                                           \
-    PAGE(Events)
+    PAGE(Shapes, "Shapes")                                                                                   \
+    PAGE(Text, "Text")                                                                                       \
+    PAGE(Elements, "Elements")                                                                               \
+    PAGE(Pictures, "Pictures")                                                                               \
+    PAGE(Events, "Events")                                                                                   \
+    PAGE(Threads, "Threads")                                                                                 \
+    PAGE(ClipboardAndTimers, "Clipboard and timers")
 
 namespace gallery {
 
-#define DECLARE_PAGE(name) std::unique_ptr<Page> Create##name##Page(vela7::ISysWindow& window);
+#define DECLARE_PAGE(name, label) std::unique_ptr<Page> Create##name##Page(vela7::ISysWindow& window);
 GALLERY_PAGES(DECLARE_PAGE)
 
 const std::vector<PageEntry>& AllPages()
 {
-#define PAGE_ENTRY(name) {#name, &Create##name##Page},
+#define PAGE_ENTRY(name, label) {#name, label, &Create##name##Page},
     static const std::vector<PageEntry> pages{GALLERY_PAGES(PAGE_ENTRY)};
     return pages;
 }
