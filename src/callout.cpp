@@ -10,10 +10,11 @@ namespace {
 // False when the event loop is to be left.
 bool AskApplication()
 {
+    wxAppConsole* const application = wxApp::GetInstance(); // perhaps one without a GUI
     try {
-        return wxTheApp && wxTheApp->OnExceptionInMainLoop();
+        return application && application->OnExceptionInMainLoop();
     } catch (...) {
-        wxTheApp->OnUnhandledException();
+        application->OnUnhandledException();
         return false;
     }
 }

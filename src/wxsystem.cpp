@@ -4,9 +4,12 @@
 #include "vela7/canvas.h"
 #include "vela7/imagelist.h"
 #include "vela7/palette.h"
+#include "vela7/wxclipboard.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyspalette.h"
+#include "vela7/wxthread.h"
+#include "vela7/wxtimer.h"
 
 #include <wx/app.h>
 #include <wx/dcscreen.h>
@@ -112,29 +115,30 @@ CHandle<IRasterPicture> CwxSystem::CreateRasterPicture(size<int> pixels) const
     return CHandle<IRasterPicture>(new CwxRasterPicture(pixels));
 }
 
-// ---- services whose classes do not exist yet
-
-CHandle<ISysTimer> CwxSystem::CreateTimer(int, bool) const
+CHandle<ISysTimer> CwxSystem::CreateTimer(int milliseconds, bool start) const
 {
-    return {};
-}
-
-CHandle<IImageList> CwxSystem::CreateImageList() const
-{
-    return {};
+    return CHandle<ISysTimer>(wxApp::GetInstance() ? new CwxSysTimer(milliseconds, start) : nullptr);
 }
 
 IClipboard* CwxSystem::TakeClipboard() const
 {
-    return nullptr;
+    if (!m_clipboard)
+        m_clipboard = std::make_unique<CwxClipboard>();
+    return m_clipboard.get();
 }
 
 IRunner* CwxSystem::CreateRunner()
 {
-    return nullptr;
+    return vela7::CreateRunner();
 }
 
 CHandle<ILock> CwxSystem::CreateLock()
+{
+    return CHandle<ILock>(new CLock);
+}
+
+// The class does not exist yet.
+CHandle<IImageList> CwxSystem::CreateImageList() const
 {
     return {};
 }

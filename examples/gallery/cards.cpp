@@ -12,6 +12,8 @@ constexpr double kMargin = 16, kGap = 12, kPadding = 12;
 constexpr double kMinCardWidth = 240, kMinCardHeight = 160;
 constexpr int kMaxColumns = 3;
 
+} // namespace
+
 void DrawCard(IPainter& painter, const Box& box, const Card& card, const Style& style)
 {
     painter.SetPen({style.line, 1, psSolid});
@@ -26,8 +28,6 @@ void DrawCard(IPainter& painter, const Box& box, const Card& card, const Style& 
     card.draw(painter, area, style);
     painter.SetFont(UiFont());
 }
-
-} // namespace
 
 Box Column(const Box& area, int index, int columns, double gap)
 {

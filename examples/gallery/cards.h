@@ -14,6 +14,8 @@ struct Card
     std::function<void(vela7::IPainter& painter, const Box& area, const Style& style)> draw;
 };
 
+/// Frame and title around what the card draws.
+void DrawCard(vela7::IPainter& painter, const Box& box, const Card& card, const Style& style);
 /// One of `columns` equal parts of a box, with a gap between them.
 Box Column(const Box& area, int index, int columns, double gap = 16);
 Box Row(const Box& area, int index, int rows, double gap = 12);

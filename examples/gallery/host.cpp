@@ -250,6 +250,9 @@ bool PaintPage(GalleryFrame& frame, std::size_t index)
         input.MoveTo(int(client.right * place.x), int(client.bottom * place.y));
     slot.page->ShowSample(true);
     return WaitFor("page " + slot.name + " shows its input", [&] { return slot.paints->Count() > before; }) &&
+           WaitFor(
+               "page " + slot.name + " has done something", [&] { return slot.page->IsWorthAPicture(); },
+               60000) &&
            WaitForQuiet();
 }
 

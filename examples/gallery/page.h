@@ -20,6 +20,8 @@ public:
     virtual bool WantsSampleInput() const { return false; }
     /// Native controls beside the page, for Tab to walk through.
     virtual bool WantsNativeNeighbours() const { return false; }
+    /// The screenshot waits for it.
+    virtual bool IsWorthAPicture() const { return true; }
     /// Where in the window the mouse is for the screenshot; shares of its width and height.
     virtual vela7::point<double> SamplePlace() const { return {1 / 3.0, 5 / 8.0}; }
     /// For its screenshot opens what it would open for a click; false, afterwards: closes it again.

@@ -2,14 +2,16 @@
 
 // To add a page: a file that defines gallery::Create<Name>Page, and its line here with the label of its tab.
 // clang-format off
-#define GALLERY_PAGES(PAGE)                 \
-    PAGE(Shapes,        "Shapes")           \
-    PAGE(Text,          "Text")             \
-    PAGE(Elements,      "Elements")         \
-    PAGE(Pictures,      "Pictures")         \
-    PAGE(Events,        "Events")           \
-    PAGE(Focus,         "Focus")            \
-    PAGE(PopupsAndTips, "Popups and tips")
+#define GALLERY_PAGES(PAGE)                      \
+    PAGE(Shapes,             "Shapes")           \
+    PAGE(Text,               "Text")             \
+    PAGE(Elements,           "Elements")         \
+    PAGE(Pictures,           "Pictures")         \
+    PAGE(Events,             "Events")           \
+    PAGE(Focus,              "Focus")            \
+    PAGE(PopupsAndTips,      "Popups and tips")  \
+    PAGE(Threads,            "Threads")          \
+    PAGE(ClipboardAndTimers, "Clipboard and timers")
 // clang-format on
 
 namespace gallery {

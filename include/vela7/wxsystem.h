@@ -5,15 +5,19 @@
 #include "vela7/wxexport.h"
 #include "vela7/wxmouse.h"
 
+#include <memory>
+
 namespace vela7 {
+
+class CwxClipboard;
 
 /// Answers the toolkit's questions about the platform, and is the mouse object as well.
 ///
 /// There is one, SystemCreator; loading the library registers it. It works before wx is initialised and
-/// without an application object: then sizes and counts are 0, the scale is 1.0 and nothing is active.
-/// Thread: GUI, except IsMainThread.
-/// Timers, clipboard, runners, locks and image lists have no class yet: their operations answer empty handles
-/// and null.
+/// without an application object: then sizes and counts are 0, the scale is 1.0, nothing is active, there are
+/// no timers and no runners, and the clipboard is empty.
+/// Thread: GUI, except IsMainThread, CreateRunner and CreateLock.
+/// Image lists have no class yet: CreateImageList answers an empty handle.
 class VELA7_WX_API CwxSystem : public CSystem, public CwxMouse
 {
 public:
@@ -23,8 +27,10 @@ public:
 
     /// Part of this object; never null.
     IMouse* TakeMouse() const override;
+    /// Empty without an application object.
     CHandle<ISysTimer> CreateTimer(int milliseconds, bool start) const override;
     CHandle<IImageList> CreateImageList() const override;
+    /// A CwxClipboard, made at the first call; never null.
     IClipboard* TakeClipboard() const override;
     int GetSystemMetrics(SystemMetrics metric) override;
     /// An index without a monitor raises wx's own assertion.
@@ -38,10 +44,14 @@ public:
     int GetMonitorsCount() const override;
     font GetDefaultFont() const override;
     bool IsAppActive() const override;
+    /// Null while wx is not initialised.
     IRunner* CreateRunner() override;
     CHandle<ILock> CreateLock() override;
     /// True as long as wx has not recorded its main thread.
     bool IsMainThread() const override;
+
+private:
+    mutable std::unique_ptr<CwxClipboard> m_clipboard;
 };
 
 /// The one system object: registers itself with the toolkit.

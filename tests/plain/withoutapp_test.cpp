@@ -40,6 +40,21 @@ TEST(WithoutApp, QueriesAnswerNeutralValues)
     EXPECT_EQ(1.75, correctScaleWithDefaultFontSize(1.75));
 }
 
+TEST(WithoutApp, ServicesAreHarmless)
+{
+    ISystem& system = *GetCurrentSystem();
+    EXPECT_FALSE(system.CreateTimer(10, true));
+    EXPECT_EQ(nullptr, system.CreateRunner());
+    const CHandle<ILock> lock = system.CreateLock();
+    lock->Enter();
+    lock->Leave();
+    IClipboard& clipboard = *system.TakeClipboard();
+    clipboard.SetText("text");
+    EXPECT_EQ("", clipboard.GetText());
+    clipboard.Clear();
+    EXPECT_EQ(&clipboard, system.TakeClipboard());
+}
+
 TEST(WithoutApp, ColoursAreTheBuiltInOnes)
 {
     EXPECT_EQ(clWhite, GetSysPalette()->GetSystemColor(ISysPalette::scWindow));

@@ -7,5 +7,6 @@ string(CONCAT VELA7_ASAN_OPTIONS
 set(VELA7_SANITIZER_ENV
     "ASAN_OPTIONS=${VELA7_ASAN_OPTIONS}"
     "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/lsan.supp:print_suppressions=0:exitcode=99"
+    "TSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/tsan.supp:print_suppressions=0:exitcode=99"
     "UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1:exitcode=99"
     "G_SLICE=always-malloc")
