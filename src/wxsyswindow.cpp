@@ -22,6 +22,7 @@
 #include "vela7/velawxwindow.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxmouse.h"
+#include "vela7/wxtooltip.h"
 
 #include <wx/app.h>
 #include <wx/dcclient.h>
@@ -118,6 +119,7 @@ CwxSysWindow::CwxSysWindow(wxWindow* parent, bool isChild_, WindowType type) : i
         defPainter->SetCounted(false); // the window's own, whatever handles are made of it
         SetColors(type);
         Init();
+        SetTooltip(new CwxTooltip(window));
     } catch (...) {
         window->Destroy(); // has no owner yet, so this object is left alone
         throw;
@@ -150,6 +152,8 @@ void CwxSysWindow::FillParent(wxWindow* parent)
 // At the beginning of the end: the parent may go before this window is through.
 void CwxSysWindow::LeaveParent()
 {
+    if (auto* const tip = dynamic_cast<CwxTooltip*>(TakeTooltip()))
+        tip->OutliveOwner();
     m_parentHandler.reset();
 }
 
