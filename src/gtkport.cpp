@@ -34,6 +34,14 @@ const void* Drawable(const wxWindow& window)
     return widget ? gtk_widget_get_window(widget) : nullptr;
 }
 
+void SetTransient(wxWindow& popup, bool transient)
+{
+    GtkWidget* const parent = transient && popup.GetParent() ? popup.GetParent()->GetHandle() : nullptr;
+    GtkWidget* const top = parent ? gtk_widget_get_toplevel(parent) : nullptr;
+    gtk_window_set_transient_for(GTK_WINDOW(popup.GetHandle()),
+                                 GTK_IS_WINDOW(top) ? GTK_WINDOW(top) : nullptr);
+}
+
 wxBitmap BitmapFromXPM(const char* const* lines)
 {
     GdkPixbuf* const pixbuf = gdk_pixbuf_new_from_xpm_data(const_cast<const char**>(lines));

@@ -23,6 +23,10 @@ std::optional<double> ScreenResolution();
 /// Identity of what a window is drawn on; null before it is realised. Compare it, do not use it.
 const void* Drawable(const wxWindow& window);
 
+/// Whether the native window of a popup is transient for its parent's top-level window. wx makes it so; but
+/// GTK searches all transient windows whenever one comes or goes, which adds up with many popups.
+void SetTransient(wxWindow& popup, bool transient);
+
 /// The picture of complete XPM lines, with the colour names as GTK knows them; invalid when there is none.
 wxBitmap BitmapFromXPM(const char* const* lines);
 

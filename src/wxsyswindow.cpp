@@ -23,6 +23,7 @@
 #include "vela7/wxconvert.h"
 #include "vela7/wxmouse.h"
 #include "vela7/wxpopup.h"
+#include "vela7/wxtooltip.h"
 
 #include <wx/app.h>
 #include <wx/dcclient.h>
@@ -119,6 +120,7 @@ CwxSysWindow::CwxSysWindow(wxWindow* parent, bool isChild_, WindowType type) : i
         defPainter->SetCounted(false); // the window's own, whatever handles are made of it
         SetColors(type);
         Init();
+        SetTooltip(new CwxTooltip(window));
     } catch (...) {
         window->Destroy(); // has no owner yet, so this object is left alone
         throw;
@@ -151,6 +153,8 @@ void CwxSysWindow::FillParent(wxWindow* parent)
 // At the beginning of the end: the parent may go before this window is through.
 void CwxSysWindow::LeaveParent()
 {
+    if (auto* const tip = dynamic_cast<CwxTooltip*>(TakeTooltip()))
+        tip->OutliveOwner();
     m_parentHandler.reset();
 }
 

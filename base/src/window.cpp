@@ -34,9 +34,9 @@ void CSysWindow::ProcessMousePress(CMouseEvent* event)
 {
     const CLifeWatch alive = WatchLife();
     if (!IsTipUnderMouse())
-        HideTooltip();
-    if (m_focusOnClick && !m_popup && !GetFocused())
-        SetFocus(); // its listeners may destroy the window
+        HideTooltip(); // the listeners of its custom layer may destroy the window
+    if (alive.IsAlive() && m_focusOnClick && !m_popup && !GetFocused())
+        SetFocus(); // and so may this one's
     if (alive.IsAlive())
         FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMousePress), event, true);
 }
@@ -58,8 +58,10 @@ void CSysWindow::ProcessMouseMove(CMouseEvent* event)
 
 void CSysWindow::ProcessWheel(CMouseWheelEvent* event)
 {
+    const CLifeWatch alive = WatchLife();
     HideTooltip();
-    FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMouseWheel), event, true);
+    if (alive.IsAlive())
+        FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMouseWheel), event, true);
 }
 
 void CSysWindow::ProcessEnter(CMouseEvent* event)
@@ -72,15 +74,19 @@ void CSysWindow::ProcessEnter(CMouseEvent* event)
 
 void CSysWindow::ProcessLeave(CMouseEvent* event)
 {
+    const CLifeWatch alive = WatchLife();
     if (!IsTipUnderMouse())
         HideTooltipEx();
-    FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMouseLeave), event, true);
+    if (alive.IsAlive())
+        FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMouseLeave), event, true);
 }
 
 void CSysWindow::ProcessKeyPress(CKeyboardEvent* event)
 {
+    const CLifeWatch alive = WatchLife();
     HideTooltip();
-    FireEvent(typeid(IKeyboardNotify), handler_cast(&IKeyboardNotify::OnKeyPress), event, true);
+    if (alive.IsAlive())
+        FireEvent(typeid(IKeyboardNotify), handler_cast(&IKeyboardNotify::OnKeyPress), event, true);
 }
 
 void CSysWindow::ProcessKeyRelease(CKeyboardEvent* event)
@@ -101,9 +107,11 @@ void CSysWindow::ProcessGetFocus()
 
 void CSysWindow::ProcessReleaseFocus()
 {
+    const CLifeWatch alive = WatchLife();
     HideTooltip();
     CEvent event(this);
-    FireEvent(typeid(IFocusNotify), handler_cast(&IFocusNotify::OnReleaseFocus), &event, true);
+    if (alive.IsAlive())
+        FireEvent(typeid(IFocusNotify), handler_cast(&IFocusNotify::OnReleaseFocus), &event, true);
 }
 
 void CSysWindow::ProcessMove(CWindowEvent* event)
@@ -206,7 +214,7 @@ void CSysWindow::SetCursor(int id)
     InternalSetCursor(id);
 }
 
-// ---- tooltip
+// ---- tooltip; what is done to a shown one may reach listeners of its layer, which may destroy the window
 
 bool CSysWindow::IsTipUnderMouse() const
 {
@@ -230,10 +238,11 @@ void CSysWindow::TrackTooltip(int x, int y, const std::string& text)
     m_tooltipText = text;
     if (!m_tooltipEnabled || !m_tooltip || IsDestroyed())
         return;
-    m_tooltip->Track(x, y, text);
     m_tooltipTracking = true;
     m_tooltipPending = true;
-    if (m_tooltip->IsVisible())
+    const CLifeWatch alive = WatchLife();
+    m_tooltip->Track(x, y, text);
+    if (!alive.IsAlive() || IsTooltipVisible())
         return;
     if (m_tooltipDelay <= 0) {
         ShowPendingTooltip();
@@ -262,9 +271,9 @@ void CSysWindow::ShowPendingTooltip()
 {
     const ISystem* const system = GetCurrentSystem();
     const bool wanted = m_tooltip && m_tooltipEnabled && m_tooltipPending && m_tooltipTracking;
+    m_tooltipPending = false;
     if (wanted && !IsDestroyed() && HasTip() && system && system->IsAppActive())
         m_tooltip->Show();
-    m_tooltipPending = false;
 }
 
 // There is something to be seen in it.
@@ -281,17 +290,17 @@ void CSysWindow::StopTooltipTimer()
 
 void CSysWindow::HideTooltip()
 {
-    if (m_tooltip)
-        m_tooltip->Hide();
     m_tooltipPending = false;
     StopTooltipTimer();
+    if (m_tooltip)
+        m_tooltip->Hide();
 }
 
 void CSysWindow::HideTooltipEx()
 {
+    m_tooltipTracking = false;
     if (IsTooltipVisible())
         HideTooltip();
-    m_tooltipTracking = false;
 }
 
 } // namespace vela7
