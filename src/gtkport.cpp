@@ -1,6 +1,7 @@
 #include "gtkport.h"
 
 #include <wx/app.h>
+#include <wx/menu.h>
 #include <wx/renderer.h>
 #include <wx/version.h>
 #include <wx/window.h>
@@ -76,6 +77,23 @@ wxSize CheckBoxSize()
         return wxSize(0, 0);
 #endif
     return wxRendererNative::Get().GetCheckBoxSize(window);
+}
+
+void KeepRange(wxWindow& scrollBar)
+{
+    const auto release = [](gpointer object) -> gboolean { return g_object_unref(object), FALSE; };
+    g_idle_add(release, g_object_ref(gtk_range_get_adjustment(GTK_RANGE(scrollBar.m_widget))));
+}
+
+void CloseMenu(wxMenu& menu)
+{
+    if (gtk_widget_get_visible(menu.m_menu))
+        gtk_menu_shell_cancel(GTK_MENU_SHELL(menu.m_menu));
+}
+
+bool MenuCommandsReachParents()
+{
+    return wxCHECK_VERSION(3, 2, 0);
 }
 
 } // namespace gtkport

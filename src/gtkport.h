@@ -8,6 +8,7 @@
 
 #include <optional>
 
+class wxMenu;
 class wxWindow;
 
 namespace vela7 {
@@ -36,6 +37,15 @@ void GrabPointer(const wxWindow& window);
 
 /// Size of the theme's check box.
 wxSize CheckBoxSize();
+
+/// What GTK goes on using when a scroll bar dies in its own event stays until the next idle pass.
+void KeepRange(wxWindow& scrollBar);
+
+/// Closes a popup menu as Escape does; nothing when it is not open.
+void CloseMenu(wxMenu& menu);
+
+/// Whether wx itself offers the commands of a sub-menu to the menus above it.
+bool MenuCommandsReachParents();
 
 } // namespace gtkport
 } // namespace vela7

@@ -14,15 +14,14 @@
 
 #include "gtkport.h"
 #include "vela7/inplace.h"
-#include "vela7/menu.h"
 #include "vela7/palette.h"
 #include "vela7/parentresizehandler.h"
-#include "vela7/popup.h"
-#include "vela7/scrollbar.h"
 #include "vela7/velawxwindow.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxmouse.h"
 #include "vela7/wxpopup.h"
+#include "vela7/wxpopupmenu.h"
+#include "vela7/wxscrollbar.h"
 #include "vela7/wxtooltip.h"
 
 #include <wx/app.h>
@@ -413,12 +412,17 @@ CHandle<IPopup> CwxSysWindow::CreatePopup()
     return CHandle<IPopup>(new CwxTransientPopup(*this));
 }
 
-// No classes for these yet.
-
 CHandle<IPopupMenu> CwxSysWindow::CreateMenu()
 {
-    return {};
+    return CHandle<IPopupMenu>(new CwxPopupMenu(this, window));
 }
+
+CHandle<IScrollBar> CwxSysWindow::CreateScrollBar(ScrollType type)
+{
+    return CHandle<IScrollBar>(new CwxScrollBar(window, type == stVertical));
+}
+
+// No classes for these yet.
 
 CHandle<IInplaceEdit> CwxSysWindow::CreateInplaceEdit(unsigned long)
 {
@@ -426,11 +430,6 @@ CHandle<IInplaceEdit> CwxSysWindow::CreateInplaceEdit(unsigned long)
 }
 
 CHandle<IInplaceComboBox> CwxSysWindow::CreateInplaceComboBox(bool)
-{
-    return {};
-}
-
-CHandle<IScrollBar> CwxSysWindow::CreateScrollBar(ScrollType)
 {
     return {};
 }

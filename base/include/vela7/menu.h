@@ -18,7 +18,7 @@ class ISysWindow;
 class VELA7_BASE_API IPopupMenu : public CBase, public IEventSender
 {
 public:
-    enum PlaceType
+    enum PlaceType : int // others find nothing
     {
         ptPosition = 0,
         ptCommand = 1
