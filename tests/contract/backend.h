@@ -1,8 +1,8 @@
 // What the contract tests need of a back-end: a stage to play on, hands and eyes.
 //
 // The tests of this directory speak to the toolkit's interfaces only. To run them against another back-end,
-// implement these functions for it, compile them together with the tests and GoogleTest, link the back-end, and
-// call RUN_ALL_TESTS from inside its event loop. wx/backend.cpp does it for the wx back-end.
+// implement these functions for it, compile them together with the tests and GoogleTest, link the back-end,
+// and call RUN_ALL_TESTS from inside its event loop. wx/backend.cpp does it for the wx back-end.
 #pragma once
 
 #include "vela7/types.h"
@@ -14,8 +14,8 @@
 
 namespace vela7::contract {
 
-// A top-level window of the platform, shown and active, with a client area of 400 x 300 pixels that one toolkit
-// window fills. The pointer is somewhere else. Ends with everything on it.
+// A top-level window of the platform, shown and active, with a client area of 400 x 300 pixels that one
+// toolkit window fills. The pointer is somewhere else. Ends with everything on it.
 class Stage
 {
 public:
@@ -30,8 +30,8 @@ std::unique_ptr<Stage> OpenStage();
 
 // Until the effects of all that was done so far have arrived.
 void Settle();
-// Turns the event loop until the condition holds. False, with a failure that says what was waited for, when that
-// takes more than some seconds.
+// Turns the event loop until the condition holds. False, with a failure that says what was waited for, when
+// that takes more than some seconds.
 bool WaitFor(const std::function<bool()>& condition, const std::string& what);
 
 // ---- hands: real input, as the platform gets it from its devices. Each step returns when it has arrived.

@@ -15,11 +15,6 @@ bool Same(const _color& a, const _color& b)
     return a.red == b.red && a.green == b.green && a.blue == b.blue;
 }
 
-rectangle<int> Corners(const ISysWindow& window)
-{
-    return window.GetWindowRect();
-}
-
 } // namespace
 
 using Windows = StageTest;
@@ -27,7 +22,7 @@ using Windows = StageTest;
 TEST_F(Windows, GeometryKeepsItsAsymmetry)
 {
     EXPECT_EQ(rectangle<int>(0, 0, 200, 100), window->GetClientRect());
-    EXPECT_EQ(rectangle<int>(20, 10, 200, 100), Corners(*window)); // the far corner is the size
+    EXPECT_EQ(rectangle<int>(20, 10, 200, 100), window->GetWindowRect()); // the far corner is the size
     heard->Hear<IWindowNotify>();
     window->SetWindowRect({30, 20, 180, 90}, false);
     Settle();
