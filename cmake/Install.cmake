@@ -1,23 +1,53 @@
-# Installation: libraries and headers, CMake package, components runtime and devel.
+# Installation: libraries and headers, CMake packages, pkg-config files; Debian packages through CPack.
+#
+# The components of cmake --install: `runtime` and `devel`, or what they consist of, one component for each
+# Debian package (libvela7base1, libvela7base-dev, libvela7wx1, libvela7wx-dev).
 
-set(targets vela7wx)
+set(VELA7_RUNTIME_COMPONENTS "")
+set(VELA7_DEVEL_COMPONENTS "")
+
+# _install_library(TARGET PACKAGE [FILES...]): the library with its headers, its CMake package, to which the files
+# belong, and its pkg-config file.
+function(_install_library target package)
+    set(runtime lib${target}${PROJECT_VERSION_MAJOR})
+    set(devel lib${target}-dev)
+    set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/${package})
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
+    install(TARGETS ${target} EXPORT ${package}-targets
+        LIBRARY COMPONENT ${runtime} NAMELINK_COMPONENT ${devel}
+        FILE_SET HEADERS COMPONENT ${devel})
+    install(EXPORT ${package}-targets NAMESPACE vela7:: DESTINATION ${package_dir} COMPONENT ${devel})
+
+    configure_package_config_file(cmake/${package}-config.cmake.in ${package}-config.cmake
+        INSTALL_DESTINATION ${package_dir})
+    write_basic_package_version_file(${package}-config-version.cmake COMPATIBILITY SameMajorVersion)
+    install(FILES "${PROJECT_BINARY_DIR}/${package}-config.cmake"
+        "${PROJECT_BINARY_DIR}/${package}-config-version.cmake" ${ARGN}
+        DESTINATION ${package_dir} COMPONENT ${devel})
+
+    # The pkg-config file finds the prefix by its own place, so that an installed tree may be moved.
+    file(RELATIVE_PATH VELA7_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+    configure_file(cmake/${target}.pc.in ${target}.pc @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/${target}.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        COMPONENT ${devel})
+
+    set(VELA7_RUNTIME_COMPONENTS ${VELA7_RUNTIME_COMPONENTS} ${runtime} PARENT_SCOPE)
+    set(VELA7_DEVEL_COMPONENTS ${VELA7_DEVEL_COMPONENTS} ${devel} PARENT_SCOPE)
+endfunction()
+
+# _install_together(COMPONENT PARTS...): a component that consists of others.
+function(_install_together component)
+    install(CODE "
+        foreach(CMAKE_INSTALL_COMPONENT IN ITEMS ${ARGN})
+            include(\"${PROJECT_BINARY_DIR}/cmake_install.cmake\")
+        endforeach()" COMPONENT ${component} EXCLUDE_FROM_ALL)
+endfunction()
+
 if(NOT VELA7_BASE STREQUAL "external")
-    list(APPEND targets vela7base)
+    _install_library(vela7base vela7base)
 endif()
+_install_library(vela7wx vela7 cmake/FindWx.cmake cmake/keep_linked.cpp)
+_install_together(runtime ${VELA7_RUNTIME_COMPONENTS})
+_install_together(devel ${VELA7_DEVEL_COMPONENTS})
 
-install(TARGETS ${targets} EXPORT vela7-targets
-    LIBRARY COMPONENT runtime NAMELINK_COMPONENT devel
-    FILE_SET HEADERS COMPONENT devel)
-set_target_properties(${targets} PROPERTIES INSTALL_RPATH "$ORIGIN")
-
-# The exported wx target carries the flags of the wx that this build found.
-install(TARGETS vela7_wxwidgets EXPORT vela7-targets)
-set_target_properties(vela7_wxwidgets PROPERTIES EXPORT_NAME wxwidgets)
-install(EXPORT vela7-targets NAMESPACE vela7:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vela7 COMPONENT devel)
-
-configure_package_config_file(cmake/vela7-config.cmake.in vela7-config.cmake
-    INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vela7)
-write_basic_package_version_file(vela7-config-version.cmake COMPATIBILITY SameMajorVersion)
-install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vela7-config.cmake" "${CMAKE_CURRENT_BINARY_DIR}/vela7-config-version.cmake"
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vela7 COMPONENT devel)
-install(FILES cmake/keep_linked.cpp DESTINATION ${CMAKE_INSTALL_DATADIR}/vela7 COMPONENT devel)
+include(cmake/Packages.cmake)

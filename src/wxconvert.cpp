@@ -30,7 +30,7 @@ wxString vela2wx(const std::string& text)
 
 std::string wx2vela(const wxString& text)
 {
-    // Kept by contract: the toolkit's own texts are ASCII, so nothing else reaches it.
+    // Kept by contract: text narrows to ASCII, as the toolkit's own texts are; other characters become '_'.
     return std::string(text.ToAscii());
 }
 
@@ -141,7 +141,8 @@ wxRect vela2wx(const screen_rectangle<int>& rect)
 
 rectangle<int> wx2vela(const wxRect& rect)
 {
-    // Kept by contract: inclusive right and bottom, unlike the other direction.
+    // Kept by contract: right and bottom become inclusive, though the other direction takes them as
+    // exclusive; toolkit code expects the pair.
     rectangle<int> result;
     result.left = rect.x;
     result.top = rect.y;
@@ -197,7 +198,7 @@ constexpr KeyRow keys[] = {
     {WXK_NUMPAD_SUBTRACT, WXK_NUMPAD_SUBTRACT, kcSubtract},
     {WXK_NUMPAD_DECIMAL,  WXK_NUMPAD_DECIMAL,  kcDecimal},
     {WXK_NUMPAD_TAB,      WXK_NUMPAD_TAB,      kcTab},
-    {WXK_NUMPAD_BEGIN,    WXK_NUMPAD_BEGIN,    kcBack}, // Kept by contract: the centre key of the keypad
+    {WXK_NUMPAD_BEGIN,    WXK_NUMPAD_BEGIN,    kcBack}, // Kept by contract: the centre key of the keypad reads as Back; toolkit code knows no other
     {WXK_NUMPAD_ENTER,    WXK_NUMPAD_ENTER,    kcReturn},
     {WXK_NUMPAD_INSERT,   WXK_NUMPAD_INSERT,   kcInsert},
     {WXK_NUMPAD_DELETE,   WXK_NUMPAD_DELETE,   kcDelete},
@@ -229,7 +230,8 @@ int wx2velaChar(int character)
 
 std::uint32_t wx2velaKeyState(const wxKeyEvent& event)
 {
-    // Kept by contract: one bit only, unlike the state of the mouse.
+    // Kept by contract: one bit only, unlike the state of the mouse; key handlers compare, mouse handlers
+    // test bits.
     if (event.ShiftDown())
         return ksShift;
     if (event.AltDown())

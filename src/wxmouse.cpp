@@ -37,7 +37,7 @@ constexpr CursorRow cursors[] = {
     {crPoint,    wxCURSOR_POINT_RIGHT},
     {crWait,     wxCURSOR_WAIT},
     {crHand,     wxCURSOR_HAND},
-    {crNoDrop,   wxCURSOR_NO_ENTRY}, // Kept by contract: the same as crNo
+    {crNoDrop,   wxCURSOR_NO_ENTRY}, // Kept by contract: crNoDrop looks like crNo, wx has one cursor for both
 };
 // clang-format on
 
@@ -52,7 +52,8 @@ CwxMouse::CwxMouse()
 
 CwxMouse::~CwxMouse()
 {
-    // Kept by contract: the registry is cleared whoever else lives.
+    // Kept by contract: the cursor registry is cleared with the first mouse object that goes, whoever else
+    // lives; it is the process's.
     userCursors.clear();
     if (--m_count == 0) {
         delete defaultCursor;

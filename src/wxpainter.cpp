@@ -57,7 +57,7 @@ constexpr PenRow pens[] = {
     {psDash,       wxPENSTYLE_SHORT_DASH},
     {psDot,        wxPENSTYLE_DOT},
     {psDashDot,    wxPENSTYLE_DOT_DASH},
-    {psDashDotDot, wxPENSTYLE_SOLID}, // Kept by contract: it has no counterpart and draws solid
+    {psDashDotDot, wxPENSTYLE_SOLID}, // Kept by contract: dash-dot-dot draws solid, wx has no counterpart
     {psAlternate,  wxPENSTYLE_USER_DASH},
 };
 

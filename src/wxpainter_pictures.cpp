@@ -45,7 +45,8 @@ void CwxPainter::internalDrawXPM(const XPMImage& image, int x, int y, int cx, in
     if (scale > 1.0) {
         if (!IsPictureSize(width * scale, height * scale))
             return;
-        // Kept by contract: the whole image is squeezed into the shortened size.
+        // Kept by contract: the whole image is squeezed into the shortened size instead of being cut; toolkit
+        // icons are made for it.
         width = static_cast<int>(width * scale);
         height = static_cast<int>(height * scale);
         picture = picture.Scale(width, height, wxIMAGE_QUALITY_NORMAL);
@@ -73,7 +74,7 @@ void CwxPainter::internalDrawRasterPictureEx(IRasterPicture* picture, int sl, in
         return;
     wxMemoryDC memory;
     memory.SelectObjectAsSource(*pixels);
-    // Kept by contract: the target's size counts, nothing is stretched.
+    // Kept by contract: the target's size counts and nothing is stretched, whatever the size of the source.
     device->Blit(dl, dt, dr - dl, db - dt, &memory, sl, st, vela2wx(op), true);
 }
 

@@ -111,7 +111,7 @@ void CwxPainter::internalEllipse(int l, int t, int r, int b)
 
 void CwxPainter::internalRoundRect(int l, int t, int r, int b, int ew, int eh)
 {
-    // Kept by contract: the two sizes of the corner collapse into one radius, not halved.
+    // Kept by contract: the two sizes of the corner collapse into one radius and are not halved; wx has one.
     device->DrawRoundedRectangle(l, t, r - l, b - t, static_cast<double>(std::min(ew, eh)));
 }
 
@@ -150,7 +150,7 @@ void CwxPainter::internalArc(int l, int t, int r, int b, int start, int end)
 
 void CwxPainter::internalChord(int l, int t, int r, int b, int start, int end)
 {
-    // Kept by contract: a chord is drawn as a pie.
+    // Kept by contract: a chord is drawn as a pie, wx has no chords.
     internalPie(l, t, r, b, start, end);
 }
 
@@ -182,7 +182,8 @@ void CwxPainter::internalPolygon(const point<int>* points, int count)
 
 void CwxPainter::internalSemiFillRect(int, int, int, int, _color)
 {
-    // Kept by contract: this painter has no translucent fill.
+    // Kept by contract: nothing is drawn, this painter has no translucent fill; AlphaBlend draws translucent
+    // pictures.
 }
 
 } // namespace vela7

@@ -30,7 +30,8 @@ void CwxPainter::internalDrawString(int x, int y, const char* text, int length)
     device->DrawRotatedText(decoded, x, y, current.angle / 10.0);
     if (!(current.style & fsStrikeOut) || current.angle != 0)
         return;
-    // Kept by contract: wx fonts cannot be struck out, and rotated text gets no line.
+    // Kept by contract: struck-out text gets a line of its own, since wx fonts cannot be struck out; rotated
+    // text gets none.
     const wxPen before = device->GetPen();
     device->SetPen(wxPen(vela2wx(GetTextColor()), 1, wxPENSTYLE_SOLID));
     const wxSize extent = device->GetTextExtent(decoded);
@@ -49,7 +50,8 @@ point<int> CwxPainter::internalGetTextSize(const char* text, const font* with, i
         SetFont(before);
     point<int> result(extent.GetWidth(), extent.GetHeight());
     const bool capital = text && length != 0 && std::isupper(static_cast<unsigned char>(*text));
-    // Kept by contract: unscaled, a leading capital counts one pixel less.
+    // Kept by contract: at scale 1 a leading capital counts one pixel less, which toolkit layouts are tuned
+    // to.
     if (capital && GetDPIScale() == 1.0)
         --result.x;
     return result;

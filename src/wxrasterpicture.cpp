@@ -34,7 +34,7 @@ int FitExtent(int from, int extent, int source)
 {
     const long long end = static_cast<long long>(from) + extent;
     if (end < source)
-        return extent + 1; // Kept by contract: the right and bottom edges belong to it
+        return extent + 1; // Kept by contract: an area includes its right and bottom edges
     return end > source ? source - from : extent;
 }
 
@@ -156,8 +156,8 @@ IPainter* CwxRasterPicture::TakeDefPainter()
 
 void CwxRasterPicture::SetSize(size<int> pixels)
 {
-    // Kept by contract: only what is recorded changes. wx's own record stays with the pixels, so that nothing
-    // reads beyond them.
+    // Kept by contract: only the recorded size changes, no pixel is made. wx's own record stays with the
+    // pixels, so that nothing reads beyond them.
     m_size = pixels;
 }
 
@@ -202,7 +202,7 @@ int CwxRasterPicture::GetCanvasMetrics(CanvasMetrics metric) const
     const bool pixels = dc->IsOk(); // wx asks the bitmap for its depth
     switch (metric) {
     case cmWidthMM:
-    case cmHeightMM: // Kept by contract: the width as well
+    case cmHeightMM: // Kept by contract: the height in millimetres answers the width
         return dc->GetSizeMM().GetWidth();
     case cmScreenWidth:
         return wxScreenDC().GetSize().GetWidth();

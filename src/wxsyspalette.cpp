@@ -45,7 +45,7 @@ wxSystemColour ToWx(ISysPalette::SysColor code)
 _color CwxSysPalette::GetSystemColor(SysColor code) const
 {
     if (code == scLink)
-        return _color(0, 0, 255); // Kept by contract: the theme has no say in it
+        return _color(0, 0, 255); // Kept by contract: links are blue, the theme has no say in it
     if (!gtkport::DisplayIsOpen())
         return GetBuiltinPalette()->GetSystemColor(code);
     return wx2vela(wxSystemSettings::GetColour(ToWx(code)));

@@ -198,7 +198,7 @@ void CwxSysWindow::SetWindowRect(const screen_rectangle<int>& rect, bool update)
 
 rectangle<int> CwxSysWindow::GetWindowRect() const
 {
-    // Kept by contract: the far corner is the size itself, unlike SetWindowRect.
+    // Kept by contract: the far corner is (width, height), not x + width; toolkit code expects the pair.
     const wxSize extent = window->GetSize();
     return Normalised(window->GetPosition(), wxPoint(extent.GetWidth(), extent.GetHeight()));
 }
@@ -315,7 +315,8 @@ void CwxSysWindow::LockDraw(bool lock)
 
 void CwxSysWindow::ScrollContent(int dx, int dy, int left, int top, int right, int bottom)
 {
-    // Kept by contract: with a retained buffer nothing but the buffer moves; whoever scrolls repaints.
+    // Kept by contract: with a retained buffer nothing but the buffer moves; whoever scrolls repaints the
+    // rest.
     if (defPainter->GetRetainedBuffer()) {
         defPainter->ScrollContent(dx, dy, left, top, right, bottom);
         return;

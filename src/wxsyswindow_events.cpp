@@ -21,7 +21,8 @@ using SyncEventFunction = void (wxEvtHandler::*)(wxSyncEvent&);
 } // namespace
 
 // clang-format off
-// Kept by contract: no entries for presses, releases and double clicks of the middle button.
+// Kept by contract: no entries for presses, releases and double clicks of the middle button; controls act on left and
+// right.
 wxBEGIN_EVENT_TABLE(CwxSysWindow, wxEvtHandler)
     EVT_LEFT_DOWN(CwxSysWindow::mousePressEvent)
     EVT_RIGHT_DOWN(CwxSysWindow::mousePressEvent)
@@ -95,12 +96,12 @@ void CwxSysWindow::wheelEvent(wxMouseEvent& event)
     const int rotation = event.GetWheelRotation();
     const int lines = event.GetLinesPerAction();
     record.delta = rotation > 0 ? lines : rotation < 0 ? -lines : 0;
-    // Kept by contract: the wheel ends here, whatever the listeners say.
+    // Kept by contract: the wheel ends here, whatever the listeners say; wx would scroll the parent too.
     if (Deliver(event, [&] { ProcessWheel(&record); }))
         event.Skip(false);
 }
 
-// Kept by contract: entering and leaving do not copy passOn.
+// Kept by contract: entering and leaving do not copy passOn; the events end here.
 
 void CwxSysWindow::enterEvent(wxMouseEvent& event)
 {
@@ -117,7 +118,8 @@ void CwxSysWindow::leaveEvent(wxMouseEvent& event)
 
 void CwxSysWindow::contextMenuEvent(wxContextMenuEvent& event)
 {
-    // Kept by contract: where the mouse is, not what the event says, and always handled.
+    // Kept by contract: the record says where the mouse is, not what the event says, and the event always
+    // ends here; a menu belongs to the pointer.
     const wxPoint position = window->ScreenToClient(wxGetMousePosition());
     CContextMenuEvent record(this);
     record.position = {position.x, position.y};
@@ -204,7 +206,8 @@ void CwxSysWindow::sizeEvent(wxSizeEvent& event)
         m_resizePending = true;
         return;
     }
-    const wxSize client = window->GetClientSize(); // Kept by contract: not what the event says
+    const wxSize client =
+        window->GetClientSize(); // Kept by contract: the size is the client area's, not what the event says
     CWindowEvent record(this, client.GetWidth(), client.GetHeight());
     DeliverRecord(event, record, &CSysWindow::ProcessResize);
 }

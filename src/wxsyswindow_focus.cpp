@@ -15,7 +15,8 @@ void CwxSysWindow::SetFocus()
 
 bool CwxSysWindow::GetFocused() const
 {
-    // Kept by contract: one level of children only, unlike IsActive.
+    // Kept by contract: children count, deeper descendants do not, unlike IsActive; in-place editors are
+    // children.
     const wxWindow* const focus = wxWindow::FindFocus();
     return focus && !IsWindowExternal(focus, window);
 }

@@ -1,12 +1,15 @@
 /// Lists every record that the page receives, with all its fields; painting alone is left out, because
-/// listing a paint would cause the next one.
+/// listing a paint would cause the next one. Two buttons save what was received to a file and replay that
+/// file into the page.
 
 #include "page.h"
 #include "record_text.h"
+#include "recording.h"
 #include "style.h"
 
 #include <cmath>
 #include <deque>
+#include <fstream>
 
 namespace gallery {
 
@@ -17,6 +20,7 @@ namespace {
 constexpr double kMargin = 16, kColumnGap = 14;
 constexpr double kFontScale = 0.9;
 constexpr std::size_t kMaxRows = 2000;
+constexpr char kFile[] = "vela7-events.txt"; // in the current directory
 
 /// One line of the list.
 struct Row
@@ -45,7 +49,7 @@ class EventsPage : public Page,
                    CSubscriber<IContextMenuNotify>
 {
 public:
-    explicit EventsPage(ISysWindow& window) : m_window(window)
+    explicit EventsPage(ISysWindow& window) : m_window(window), m_recorder(window)
     {
         Subscribe<IDrawingNotify>(window, this);
         Subscribe<IMouseNotify>(window, this);
@@ -60,7 +64,11 @@ public:
 
     void OnDraw(CDrawEvent* event) override;
 
-    void OnMousePress(CMouseEvent* e) override { Add("OnMousePress", clSea, *e); }
+    void OnMousePress(CMouseEvent* e) override
+    {
+        Add("OnMousePress", clSea, *e);
+        PressButton(e->position);
+    }
     void OnMouseRelease(CMouseEvent* e) override { Add("OnMouseRelease", clSea, *e); }
     void OnMouseDoubleClick(CMouseEvent* e) override { Add("OnMouseDoubleClick", clSea, *e); }
     void OnMouseMove(CMouseEvent* e) override { Add("OnMouseMove", clSea, *e); }
@@ -91,7 +99,18 @@ private:
             m_rows.pop_front();
         InvalidateAll(m_window);
     }
-    double DrawTitle(IPainter& painter, const Box& client, const Style& style) const;
+    struct Button
+    {
+        const char* text;
+        void (EventsPage::*action)();
+        Box box; // of the last paint
+    };
+
+    void PressButton(const point<int>& at);
+    void Save();
+    void ReplayFile();
+    double DrawTitle(IPainter& painter, const Box& client, const Style& style);
+    void DrawButtons(IPainter& painter, const Box& bar, const Style& style);
     void DrawList(IPainter& painter, const Box& area, const Style& style);
 
     /// Rows first..end-1 are those that show.
@@ -101,6 +120,11 @@ private:
                  const Style& style) const;
 
     ISysWindow& m_window;
+    Recorder m_recorder;
+    bool m_replaying = false;
+    std::string m_message = "Click, type, scroll, resize: the newest is at the bottom.";
+    Button m_buttons[2] = {{"Replay", &EventsPage::ReplayFile, {}},
+                           {"Save", &EventsPage::Save, {}}}; // from the right
     std::deque<Row> m_rows;
     int m_count = 0;
     Scroll m_scroll{true};
@@ -214,8 +238,57 @@ void EventsPage::DrawList(IPainter& painter, const Box& area, const Style& style
     m_scroll.Draw(painter, view, style.muted);
 }
 
+// The recording holds the presses of the buttons as well; replayed, they are mere records.
+void EventsPage::PressButton(const point<int>& at)
+{
+    for (const Button& button : m_buttons)
+        if (!m_replaying && at.x >= button.box.left && at.x < button.box.right && at.y >= button.box.top &&
+            at.y < button.box.bottom)
+            (this->*button.action)();
+}
+
+void EventsPage::Save()
+{
+    std::ofstream file(kFile);
+    m_recorder.Save(file);
+    file.close();
+    m_message = std::string(file ? "Saved as " : "Cannot write ") + kFile + ".";
+}
+
+void EventsPage::ReplayFile()
+{
+    auto* const window = dynamic_cast<CSysWindow*>(&m_window);
+    std::ifstream file(kFile);
+    if (!window || !file) {
+        m_message = std::string("Cannot read ") + kFile + "; save one first.";
+        return;
+    }
+    const CLifeWatch alive = window->WatchLife();
+    m_replaying = true;
+    m_recorder.Pause(true);
+    const std::string wrong = Replay(file, *window);
+    if (!alive.IsAlive())
+        return; // and the page may be gone with it
+    m_recorder.Pause(false);
+    m_replaying = false;
+    m_message = wrong.empty() ? std::string("Replayed ") + kFile + "." : wrong;
+}
+
+void EventsPage::DrawButtons(IPainter& painter, const Box& bar, const Style& style)
+{
+    double right = bar.right - kMargin;
+    for (Button& button : m_buttons) {
+        button.box = {right - Width(painter, button.text) - 20, bar.top + 4, right, bar.bottom - 5};
+        painter.SetPen({style.line, 1, psSolid});
+        painter.SetBrush({style.window, bsSolid});
+        painter.RoundRect(button.box.left, button.box.top, button.box.right, button.box.bottom, 4, 4);
+        Text(painter, button.box.left + 10, bar.top + 8, button.text, style.text);
+        right = button.box.left - 8;
+    }
+}
+
 /// Answers its lower edge.
-double EventsPage::DrawTitle(IPainter& painter, const Box& client, const Style& style) const
+double EventsPage::DrawTitle(IPainter& painter, const Box& client, const Style& style)
 {
     const Box bar{client.left, client.top, client.right, client.top + LineHeight(painter) + 16};
     Fill(painter, bar, style.face);
@@ -225,8 +298,8 @@ double EventsPage::DrawTitle(IPainter& painter, const Box& client, const Style& 
     Text(painter, bar.left + kMargin, bar.top + 8, counted, style.text);
     const double next = bar.left + kMargin + Width(painter, counted) + 12;
     painter.SetFont(UiFont());
-    Text(painter, next, bar.top + 8,
-         "Click, type, scroll, resize: the newest is at the bottom, the wheel scrolls back.", style.muted);
+    Text(painter, next, bar.top + 8, m_message, style.muted);
+    DrawButtons(painter, bar, style);
     return bar.bottom;
 }
 

@@ -89,67 +89,6 @@ TEST_F(WindowEvents, WhatWxGetsToSee)
     }
 }
 
-TEST_F(WindowEvents, ResizeTellsTheClientArea)
-{
-    heard->Hear<IWindowNotify>();
-    window->SetWindowRect(30, 20, 180, 90, false);
-    Settle();
-    EXPECT_EQ(Lines{"resize 150,70"}, heard->Take());
-    window->SetWindowRect(60, 20, 210, 90, false); // moved only
-    Settle();
-    EXPECT_EQ(Lines{}, heard->Take());
-}
-
-TEST_F(WindowEvents, FocusComesAndGoes)
-{
-    heard->Hear<IFocusNotify>();
-    auto* const other = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(20, 150));
-    auto* const inside = new wxTextCtrl(native, wxID_ANY);
-    auto* const deeper = new wxTextCtrl(Native(window->CreateChild(ISysWindow::wtNormal)), wxID_ANY);
-    other->SetFocus();
-    heard->Take();
-
-    struct Row
-    {
-        wxWindow* target;
-        bool focused, active; // one level of children counts as focused, all of them as active
-        Lines expected;
-    };
-    const Row rows[] = {
-        {native, true, true, {"focus"}}, {inside, true, true, {}},           {deeper, false, true, {}},
-        {native, true, true, {"focus"}}, {other, false, false, {"unfocus"}},
-    };
-    for (const Row& row : rows) {
-        row.target->SetFocus();
-        Settle();
-        EXPECT_EQ(row.expected, heard->Take());
-        EXPECT_EQ(row.focused, window->GetFocused());
-        EXPECT_EQ(row.active, window->IsActive());
-    }
-}
-
-TEST_F(WindowEvents, CloseDestroysOnce)
-{
-    heard->Hear<IWindowNotify>();
-    Recorder child(window->CreateChild(ISysWindow::wtNormal));
-    child.Hear<IWindowNotify>();
-    const CLifeWatch life = window->WatchLife();
-    const wxWeakRef<wxWindow> weak(native);
-    const auto stillThere = [&](CEvent&) {
-        EXPECT_TRUE(window->IsDestroyed());
-        EXPECT_EQ(window, GetWrapper(native));
-        EXPECT_TRUE(life.IsAlive());
-    };
-    heard->DoIn("destroy", stillThere);
-    child.DoIn("destroy", stillThere);
-    native->Close();
-    EXPECT_TRUE(WaitFor([&] { return !weak; }, "the end of the window"));
-    EXPECT_EQ(Lines{"destroy"}, heard->Take());
-    EXPECT_EQ(Lines{"destroy"}, child.Take());
-    EXPECT_FALSE(life.IsAlive());
-    EXPECT_TRUE(panel->GetChildren().empty());
-}
-
 // ---- painting
 
 class WindowPainting : public WindowEvents
@@ -178,19 +117,6 @@ protected:
 
 constexpr std::uint32_t backgroundPixel = 0x102030;
 
-TEST_F(WindowPainting, UnheardPaintFillsTheClientArea)
-{
-    heard->Hear<IMouseNotify, IKeyboardNotify, IFocusNotify, IWindowNotify, IContextMenuNotify>();
-    Repaint();
-    EXPECT_EQ(wxRect(0, 0, 200, 100), ReadPixels(native).BoxOf(backgroundPixel));
-    EXPECT_EQ(200 * 100, ReadPixels(native).CountColour(wxRect(0, 0, 200, 100), backgroundPixel));
-    EXPECT_EQ(Lines{}, heard->Take());
-    window->SetWindowRect(20, 10, 120, 60, true);
-    window->SetWindowRect(20, 10, 320, 260, true);
-    EXPECT_EQ(300 * 250, ReadPixels(native).CountColour(wxRect(0, 0, 300, 250), backgroundPixel));
-    EXPECT_EQ(0, ReadPixels(panel).CountColour(wxRect(320, 0, 80, 300), backgroundPixel));
-}
-
 TEST_F(WindowPainting, TypeGivesTheBackground)
 {
     auto* const face = new CwxSysWindow(panel, true, ISysWindow::wtPanel);
@@ -206,21 +132,6 @@ TEST_F(WindowPainting, TypeGivesTheBackground)
     EXPECT_EQ(rgb(wxSYS_COLOUR_WINDOW), ReadPixels(Native(plain)).At(100, 25));
     EXPECT_EQ(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE), Native(face)->GetBackgroundColour());
     EXPECT_EQ(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW), Native(plain)->GetBackgroundColour());
-}
-
-TEST_F(WindowPainting, ListenerGetsTheDamage)
-{
-    heard->Hear<IDrawingNotify>();
-    window->Invalidate(10, 20, 40, 60);
-    EXPECT_EQ(Lines{}, heard->Take());
-    Settle();
-    EXPECT_EQ(Lines{"draw 10,20 40,60"}, heard->Take());
-    window->Invalidate(10, 20, 40, 60);
-    window->Invalidate(100, 5, 130, 50);
-    Settle();
-    EXPECT_EQ(Lines{"draw 10,5 130,60"}, heard->Take());
-    window->Refresh(1, 2, 3, 4, true); // at once
-    EXPECT_EQ(Lines{"draw 1,2 3,4"}, heard->Take());
 }
 
 TEST_F(WindowPainting, DirectAndBuffered)
@@ -251,23 +162,6 @@ TEST_F(WindowPainting, DirectAndBuffered)
         EXPECT_EQ(nullptr, window->TakeDefPainter()->GetDC());
         EXPECT_EQ(row.settings == ssBuffered, window->TakeDefPainter()->GetRetainedBuffer());
     }
-}
-
-TEST_F(WindowPainting, SuppressedPaintsNothing)
-{
-    heard->Hear<IDrawingNotify>();
-    Draw(clRed, ssClear, {0, 0, 200, 100});
-    window->TakeDefPainter()->SetPaintSuppressed(true);
-    Repaint();
-    EXPECT_EQ(Lines{}, heard->Take());
-    heard->Forget();
-    Repaint();
-    const Pixels shown = ReadPixels(native);
-    EXPECT_EQ(0, shown.CountColour(shown.Bounds(), 0xFF0000));
-    window->TakeDefPainter()->SetPaintSuppressed(false);
-    heard->Hear<IDrawingNotify>();
-    Repaint();
-    EXPECT_EQ(0xFF0000u, ReadPixels(native).At(100, 50));
 }
 
 TEST_F(WindowPainting, ForgottenAndMisplacedBrackets)

@@ -30,41 +30,7 @@ protected:
     }
 };
 
-std::string Text(const rectangle<int>& r)
-{
-    return At(r.left, r.top) + ' ' + At(r.right, r.bottom);
-}
-
 } // namespace
-
-TEST_F(WindowOps, GeometryKeepsItsAsymmetry)
-{
-    struct Row
-    {
-        int left, top, right, bottom;
-        const char* window;
-        const char* client;
-    };
-    const Row rows[] = {
-        {10, 20, 110, 70, "10,20 100,50", "0,0 100,50"},
-        {200, 10, 300, 60, "100,10 200,50", "0,0 100,50"},
-        {5, 90, 45, 120, "5,30 40,90", "0,0 40,30"},
-        {-30, -20, 70, 30, "-30,-20 100,50", "0,0 100,50"},
-    };
-    for (const Row& row : rows) {
-        for (const bool asScreenRectangle : {false, true}) {
-            window->SetWindowRect(0, 0, 1, 1, false);
-            if (asScreenRectangle)
-                window->SetWindowRect(screen_rectangle<int>(row.left, row.top, row.right, row.bottom), false);
-            else
-                window->SetWindowRect(row.left, row.top, row.right, row.bottom, false);
-            EXPECT_EQ(wxRect(row.left, row.top, row.right - row.left, row.bottom - row.top),
-                      native->GetRect());
-            EXPECT_EQ(row.window, Text(window->GetWindowRect()));
-            EXPECT_EQ(row.client, Text(window->GetClientRect()));
-        }
-    }
-}
 
 TEST_F(WindowOps, UpdatePaintsAtOnce)
 {

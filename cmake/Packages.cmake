@@ -1,0 +1,45 @@
+# Debian packages: `cpack` in the build directory makes them.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vela7)
+set(CPACK_PACKAGE_CONTACT "The vela7 authors")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_STRIP_FILES ON)
+# What the libraries need of Debian's own packages is read from them. The reference wx is in no package, and our
+# base library not yet.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}" ${VELA7_WX_LIBRARY_DIRS})
+set(CPACK_COMPONENTS_ALL "")
+
+# _package(COMPONENT SECTION DEPENDS DESCRIPTION): one package, named like its component. The first line of the
+# description is the synopsis.
+macro(_package component section depends description)
+    list(APPEND CPACK_COMPONENTS_ALL ${component})
+    string(TOUPPER ${component} upper)
+    set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${component})
+    set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${section})
+    set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "${depends}")
+    set(CPACK_DEBIAN_${upper}_DESCRIPTION "${description}")
+endmacro()
+
+set(version ${PROJECT_VERSION_MAJOR})
+set(same "(= ${PROJECT_VERSION})")
+if(NOT VELA7_BASE STREQUAL "external")
+    _package(libvela7base${version} libs ""
+        "Platform-neutral base library of the vela7 GUI toolkit\nInterfaces, event records, painter and window bases; needs no GUI platform.")
+    _package(libvela7base-dev libdevel "libvela7base${version} ${same}"
+        "Headers of the base library of the vela7 GUI toolkit\nFor controls that run on any back-end, and for back-ends.")
+endif()
+if(VELA7_GTK STREQUAL "2")
+    set(wx "It needs wxWidgets 3.0 built for GTK 2 as one library (libwx_gtk2u-3.0.so.0), which is in no package of this distribution: the project's scripts/setup builds it. The host program brings it, by its run path for instance.")
+else()
+    set(wx "It needs wxWidgets 3.2 built for GTK 3.")
+endif()
+_package(libvela7wx${version} libs "libvela7base${version} ${same}"
+    "wxWidgets back-end of the vela7 GUI toolkit\nToolkit controls live inside an ordinary wx application. ${wx}")
+_package(libvela7wx-dev libdevel "libvela7wx${version} ${same}, libvela7base-dev ${same}, pkg-config"
+    "Headers of the wxWidgets back-end of the vela7 GUI toolkit\nFor hosts: wx applications with toolkit controls. ${wx} Name its wx-config with WX_CONFIG when you configure a host.")
+include(CPack)

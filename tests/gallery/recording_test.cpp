@@ -1,0 +1,123 @@
+// Recordings of input: what was recorded is replayed as it was, into any page.
+
+#include "recording.h"
+
+#include "fakesystem.h"
+#include "fakewindow.h"
+#include "page.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace gallery {
+std::unique_ptr<Page> CreateEventsPage(vela7::ISysWindow& window);
+}
+
+using namespace vela7;
+using namespace vela7::seam;
+
+namespace {
+
+std::string Replayed(const std::string& recording, CSysWindow& window)
+{
+    std::istringstream in(recording);
+    return gallery::Replay(in, window);
+}
+
+// One of each record, in an order that a user might cause.
+const char kSession[] = R"(vela7 events 1
+resized 640 480
+get-focus
+enter 10 20 0 0
+move 11 22 1024 0
+press 11 22 1 1
+release 11 22 0 1
+double-click 11 22 1 1
+wheel 11 22 512 0 -3
+key-press 256 65 0
+char 0 65 65
+key-release 0 65 0
+tab-traversal 0
+context-menu 300 -4
+moved 5 6
+colors-changed
+leave 700 20 0 0
+release-focus
+)";
+
+} // namespace
+
+TEST(Recording, IsReplayedAsItWas)
+{
+    FakeSystem system;
+    FakeWindow window;
+    gallery::Recorder recorder(window);
+    ASSERT_EQ(Replayed(kSession, window), "");
+    EXPECT_EQ(window.GetClientRect().Width(), 640);
+    std::ostringstream out;
+    recorder.Save(out);
+    EXPECT_EQ(out.str(), kSession);
+
+    recorder.Pause(true);
+    ASSERT_EQ(Replayed("vela7 events 1\n# a comment\n\nchar 0 66 66\n", window), "");
+    std::ostringstream after;
+    recorder.Save(after);
+    EXPECT_EQ(after.str(), kSession);
+}
+
+TEST(Recording, MakesAPageDrawTheSameTwice)
+{
+    FakeSystem system;
+    std::vector<std::string> drawn[2];
+    for (auto& lines : drawn) {
+        FakeWindow window;
+        const auto page = gallery::CreateEventsPage(window);
+        ASSERT_EQ(Replayed(kSession, window), "");
+        lines = window.Paint();
+    }
+    EXPECT_EQ(drawn[0], drawn[1]);
+    std::string all;
+    for (const std::string& line : drawn[0])
+        all += line + '\n';
+    for (const char* text : {"\"17 records\"", "\"OnMouseWheel\"", "\"-3\"", "\"300, -4\"", "\"65 'A'\""})
+        EXPECT_NE(all.find(text), std::string::npos) << text;
+}
+
+TEST(Recording, SaysWhichLineIsWrong)
+{
+    const struct
+    {
+        const char* recording;
+        const char* error;
+    } table[] = {
+        {"", "line 1: not a recording: it does not begin with 'vela7 events 1'"},
+        {"vela7 events 2\n", "line 1: not a recording: it does not begin with 'vela7 events 1'"},
+        {"vela7 events 1\nchar 0 65 65\npush 1 2 3 4\n", "line 3: unknown record 'push'"},
+        {"vela7 events 1\npress 1 2 3\n", "line 2: press has 4 fields, not 3"},
+        {"vela7 events 1\npress 1 2 x 4\n", "line 2: a field is not a number"},
+    };
+    FakeSystem system;
+    for (const auto& row : table) {
+        FakeWindow window;
+        EXPECT_EQ(Replayed(row.recording, window), row.error);
+    }
+}
+
+TEST(Recording, EndsWithItsWindow)
+{
+    struct Closer : CSubscriber<IKeyboardNotify>
+    {
+        std::unique_ptr<FakeWindow> window = std::make_unique<FakeWindow>();
+        int heard = 0;
+        void OnKeyPress(CKeyboardEvent*) override
+        {
+            ++heard;
+            window.reset();
+        }
+    } closer;
+    FakeSystem system;
+    Subscribe<IKeyboardNotify>(*closer.window, &closer);
+    EXPECT_EQ(Replayed("vela7 events 1\nkey-press 0 65 0\nkey-press 0 66 0\n", *closer.window), "");
+    EXPECT_EQ(closer.heard, 1);
+}
