@@ -2,16 +2,20 @@
 /// page.
 ///
 ///     gallery                     shows the pages
+///     gallery --page PAGE         begins with that page (Shapes, Text, ...)
+///     gallery --replay FILE       gives the shown page the input that the Events page saved in FILE
 ///     gallery --screenshots DIR   writes DIR/<page>.png for each page and ends; the frame must not be
 ///     covered
 
 #include "page.h"
+#include "recording.h"
 
 #include "vela7/wxpainter.h"
 #include "vela7/wxsyswindow.h"
 
 #include <wx/app.h>
 #include <wx/button.h>
+#include <wx/cmdline.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
 #include <wx/evtloop.h>
@@ -26,8 +30,11 @@
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
+#include <fstream>
+#include <sstream>
 
 bool gallery::DrawElementByHand(vela7::IPainter& painter, vela7::ControlElement element,
                                 const vela7::rectangle<int>& rect, int state)
@@ -60,7 +67,7 @@ private:
 struct PageSlot
 {
     std::string name;
-    ISysWindow* window; // belongs to its native window
+    vela7::CwxSysWindow* window; // belongs to its native window
     std::unique_ptr<gallery::Page> page;
     std::unique_ptr<PaintCounter> paints; // behind the page's own subscription
 };
@@ -85,7 +92,7 @@ private:
     {
         auto* panel = new wxPanel(m_book);
         auto* content = new wxPanel(panel);
-        ISysWindow* const window = new vela7::CwxSysWindow(content, false, ISysWindow::wtNormal);
+        auto* const window = new vela7::CwxSysWindow(content, false, ISysWindow::wtNormal);
         auto page = entry.create(*window);
         auto* sizer = new wxBoxSizer(wxVERTICAL);
         sizer->Add(content, 1, wxEXPAND);
@@ -138,85 +145,45 @@ bool WaitForQuiet()
     return WaitFor("no event is waiting", [] { return !wxEventLoopBase::GetActive()->Pending(); });
 }
 
-/// Feeds a window with input of each kind. The events are made here and not by moving the real pointer, which
-/// may be the user's.
-class SampleInput
+/// Input of each kind. Replayed and not made by moving the real pointer, which may be the user's.
+constexpr char kSampleInput[] = R"(vela7 events 1
+move 180 240 0 0
+press 180 240 1 1
+release 180 240 0 1
+double-click 180 240 1 1
+release 180 240 0 1
+press 180 240 2 3
+release 180 240 0 3
+context-menu 180 240
+wheel 180 240 512 0 -3
+key-press 256 16 0
+key-release 0 16 0
+key-press 256 65 0
+char 0 65 65
+key-release 256 65 0
+key-press 0 112 0
+key-release 0 112 0
+move 180 240 1028 2
+)";
+
+std::string MoveOfTheMouse(const PageSlot& slot)
 {
-public:
-    explicit SampleInput(ISysWindow& window) : m_native(static_cast<wxWindow*>(window.GetNativeHandle())) {}
+    const vela7::rectangle<int> client = slot.window->GetClientRect();
+    const vela7::point<double> place = slot.page->SamplePlace();
+    std::ostringstream recording;
+    recording << "vela7 events 1\nmove " << int(client.right * place.x) << ' ' << int(client.bottom * place.y)
+              << " 0 0\n";
+    return recording.str();
+}
 
-    void MoveTo(int x, int y)
-    {
-        m_at = wxPoint(x, y);
-        Mouse(wxEVT_MOTION);
-    }
-
-    void Everything()
-    {
-        MoveTo(180, 240);
-        Click(wxEVT_LEFT_DOWN, wxEVT_LEFT_UP);
-        Click(wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP);
-        Click(wxEVT_RIGHT_DOWN, wxEVT_RIGHT_UP);
-        wxContextMenuEvent menu(wxEVT_CONTEXT_MENU, m_native->GetId(), m_native->ClientToScreen(m_at));
-        Send(menu);
-        Mouse(wxEVT_MOUSEWHEEL, [](wxMouseEvent& e) {
-            e.m_wheelRotation = -120;
-            e.m_wheelDelta = 120;
-            e.m_linesPerAction = 3;
-            e.SetControlDown(true);
-        });
-        Key(WXK_SHIFT, false);
-        Key('A', true);
-        Key(WXK_F1, false);
-        Mouse(wxEVT_MOTION, [](wxMouseEvent& e) {
-            e.SetMiddleDown(true);
-            e.SetAltDown(true);
-        });
-    }
-
-private:
-    void Click(wxEventType press, wxEventType release)
-    {
-        const bool left = press != wxEVT_RIGHT_DOWN;
-        Mouse(press, [left](wxMouseEvent& e) { left ? e.SetLeftDown(true) : e.SetRightDown(true); });
-        Mouse(release);
-    }
-
-    template <class Change>
-    void Mouse(wxEventType type, Change change)
-    {
-        wxMouseEvent event(type);
-        event.SetX(m_at.x);
-        event.SetY(m_at.y);
-        change(event);
-        Send(event);
-    }
-    void Mouse(wxEventType type)
-    {
-        Mouse(type, [](wxMouseEvent&) {});
-    }
-
-    void Key(int code, bool shiftedLetter)
-    {
-        for (const wxEventType type : {wxEVT_KEY_DOWN, wxEVT_CHAR, wxEVT_KEY_UP}) {
-            if (type == wxEVT_CHAR && !shiftedLetter)
-                continue;
-            wxKeyEvent event(type);
-            event.m_keyCode = code;
-            event.SetShiftDown(shiftedLetter);
-            Send(event);
-        }
-    }
-
-    void Send(wxEvent& event)
-    {
-        event.SetEventObject(m_native);
-        m_native->GetEventHandler()->ProcessEvent(event);
-    }
-
-    wxWindow* m_native;
-    wxPoint m_at;
-};
+/// False, and a message, when something is wrong with the recording.
+bool ReplayInto(const PageSlot& slot, std::istream& recording)
+{
+    const std::string wrong = gallery::Replay(recording, *slot.window);
+    if (!wrong.empty())
+        std::fprintf(stderr, "gallery: %s\n", wrong.c_str());
+    return wrong.empty();
+}
 
 /// The frame without its decoration, as the screen shows it.
 wxImage Capture(const wxFrame& frame)
@@ -241,13 +208,9 @@ bool PaintPage(GalleryFrame& frame, std::size_t index)
         return false;
 
     const int before = slot.paints->Count();
-    SampleInput input(*slot.window);
-    const vela7::rectangle<int> client = slot.window->GetClientRect();
-    const vela7::point<double> place = slot.page->SamplePlace();
-    if (slot.page->WantsSampleInput())
-        input.Everything();
-    else
-        input.MoveTo(int(client.right * place.x), int(client.bottom * place.y));
+    std::istringstream input(slot.page->WantsSampleInput() ? kSampleInput : MoveOfTheMouse(slot));
+    if (!ReplayInto(slot, input))
+        return false;
     slot.page->ShowSample(true);
     return WaitFor("page " + slot.name + " shows its input", [&] { return slot.paints->Count() > before; }) &&
            WaitFor(
@@ -295,16 +258,19 @@ public:
     bool OnInit() override
     {
         std::setlocale(LC_ALL, ""); // toolkit strings are bytes in the locale's encoding
-        if (argc == 3 && wxString(argv[1]) == "--screenshots")
-            m_directory = argv[2];
-        else if (argc != 1) {
-            std::fprintf(stderr, "usage: gallery [--screenshots DIR]\n");
+        wxString page, recording;
+        wxCmdLineParser options(argc, argv);
+        options.AddLongOption("page", "the page to begin with");
+        options.AddLongOption("replay", "a file with input for that page");
+        options.AddLongOption("screenshots", "the directory for a picture of each page");
+        if (options.Parse() != 0)
             return false;
-        }
+        options.Found("page", &page);
+        options.Found("replay", &recording);
+        options.Found("screenshots", &m_directory);
         m_frame = new GalleryFrame;
         m_frame->Show();
-        m_frame->Slots().front().window->SetFocus();
-        return true;
+        return Begin(page, recording);
     }
 
     int OnRun() override
@@ -325,6 +291,24 @@ public:
     }
 
 private:
+    bool Begin(const wxString& page, const wxString& recording)
+    {
+        const std::vector<PageSlot>& slots = m_frame->Slots();
+        const auto shown = std::find_if(slots.begin(), slots.end(), [&](const PageSlot& slot) {
+            return page.empty() || page.IsSameAs(slot.name, false);
+        });
+        if (shown == slots.end()) {
+            std::fprintf(stderr, "gallery: no page '%s'\n", static_cast<const char*>(page.utf8_str()));
+            return false;
+        }
+        m_frame->ShowPage(static_cast<std::size_t>(shown - slots.begin()));
+        shown->window->SetFocus();
+        if (recording.empty())
+            return true;
+        std::ifstream file(static_cast<const char*>(recording.fn_str()));
+        return ReplayInto(*shown, file);
+    }
+
     GalleryFrame* m_frame = nullptr;
     wxString m_directory;
 };

@@ -245,7 +245,7 @@ void TipsPage::ShowSample(bool show)
     }
     OpenPicker(m_parts[3]);
     Window().SetTooltipDelay(0);
-    TrackTip(m_fields[1], {int(m_fields[1].box.left) + 20, int(m_fields[1].box.bottom) - 14});
+    TrackTip(m_fields[1], {int(m_fields[1].box.right) - 650, int(m_fields[1].box.bottom) + 190});
     Window().SetTooltipDelay(500);
 }
 
