@@ -8,7 +8,9 @@
 
 #include <optional>
 
+class wxAnimation;
 class wxWindow;
+typedef struct _GdkPixbufAnimationIter GdkPixbufAnimationIter;
 
 namespace vela7 {
 namespace gtkport {
@@ -25,6 +27,16 @@ const void* Drawable(const wxWindow& window);
 
 /// The picture of complete XPM lines, with the colour names as GTK knows them; invalid when there is none.
 wxBitmap BitmapFromXPM(const char* const* lines);
+
+/// At the first frame, counting time from now on; for EndAnimation. Null when there are no frames.
+GdkPixbufAnimationIter* StartAnimation(const wxAnimation& animation);
+void EndAnimation(GdkPixbufAnimationIter* iterator);
+/// Milliseconds; -1: for ever.
+int FrameDelay(GdkPixbufAnimationIter* iterator);
+/// To the frame that is due now.
+void AdvanceFrame(GdkPixbufAnimationIter* iterator);
+/// Shares the iterator's pixels: for use before the next AdvanceFrame. Invalid when there is none.
+wxBitmap CurrentFrame(GdkPixbufAnimationIter* iterator);
 
 /// Size of the theme's check box.
 wxSize CheckBoxSize();

@@ -2,9 +2,9 @@
 
 #include "gtkport.h"
 #include "vela7/canvas.h"
-#include "vela7/imagelist.h"
 #include "vela7/palette.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wximagelist.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyspalette.h"
 
@@ -112,14 +112,14 @@ CHandle<IRasterPicture> CwxSystem::CreateRasterPicture(size<int> pixels) const
     return CHandle<IRasterPicture>(new CwxRasterPicture(pixels));
 }
 
+CHandle<IImageList> CwxSystem::CreateImageList() const
+{
+    return CHandle<IImageList>(new CwxImageList);
+}
+
 // ---- services whose classes do not exist yet
 
 CHandle<ISysTimer> CwxSystem::CreateTimer(int, bool) const
-{
-    return {};
-}
-
-CHandle<IImageList> CwxSystem::CreateImageList() const
 {
     return {};
 }

@@ -1,21 +1,23 @@
 #include "page.h"
 
-// To add a page: a file that defines gallery::Create<Name>Page, and its line here.
+// To add a page: a file that defines gallery::Create<Token>Page, and its line here with the label of its tab.
 #define GALLERY_PAGES(PAGE)                                                                                  \
-    PAGE(Shapes)                                                                                             \
-    PAGE(Text)                                                                                               \
-    PAGE(Elements)                                                                                           \
-    PAGE(Pictures)                                                                                           \
-    PAGE(Events)
+    PAGE(Shapes, "Shapes")                                                                                   \
+    PAGE(Text, "Text")                                                                                       \
+    PAGE(Elements, "Elements")                                                                               \
+    PAGE(Pictures, "Pictures")                                                                               \
+    PAGE(Icons, "Icons")                                                                                     \
+    PAGE(Animation, "Animation")                                                                             \
+    PAGE(Events, "Events")
 
 namespace gallery {
 
-#define DECLARE_PAGE(name) std::unique_ptr<Page> Create##name##Page(vela7::ISysWindow& window);
+#define DECLARE_PAGE(token, label) std::unique_ptr<Page> Create##token##Page(vela7::ISysWindow& window);
 GALLERY_PAGES(DECLARE_PAGE)
 
 const std::vector<PageEntry>& AllPages()
 {
-#define PAGE_ENTRY(name) {#name, &Create##name##Page},
+#define PAGE_ENTRY(token, label) {label, &Create##token##Page},
     static const std::vector<PageEntry> pages{GALLERY_PAGES(PAGE_ENTRY)};
     return pages;
 }
