@@ -8,8 +8,10 @@
 
 #include <optional>
 
+class wxAnimation;
 class wxMenu;
 class wxWindow;
+typedef struct _GdkPixbufAnimationIter GdkPixbufAnimationIter;
 
 namespace vela7 {
 namespace gtkport {
@@ -34,6 +36,16 @@ wxBitmap BitmapFromXPM(const char* const* lines);
 /// Has the pointer's events reported to a top-level window, wherever on the screen the pointer is; those
 /// inside the application go on to the windows they belong to.
 void GrabPointer(const wxWindow& window);
+
+/// At the first frame, counting time from now on; for EndAnimation. Null when there are no frames.
+GdkPixbufAnimationIter* StartAnimation(const wxAnimation& animation);
+void EndAnimation(GdkPixbufAnimationIter* iterator);
+/// Milliseconds; -1: for ever.
+int FrameDelay(GdkPixbufAnimationIter* iterator);
+/// To the frame that is due now.
+void AdvanceFrame(GdkPixbufAnimationIter* iterator);
+/// Shares the iterator's pixels: for use before the next AdvanceFrame. Invalid when there is none.
+wxBitmap CurrentFrame(GdkPixbufAnimationIter* iterator);
 
 /// Size of the theme's check box.
 wxSize CheckBoxSize();

@@ -2,10 +2,10 @@
 
 #include "gtkport.h"
 #include "vela7/canvas.h"
-#include "vela7/imagelist.h"
 #include "vela7/palette.h"
 #include "vela7/wxclipboard.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wximagelist.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyspalette.h"
 #include "vela7/wxthread.h"
@@ -115,6 +115,11 @@ CHandle<IRasterPicture> CwxSystem::CreateRasterPicture(size<int> pixels) const
     return CHandle<IRasterPicture>(new CwxRasterPicture(pixels));
 }
 
+CHandle<IImageList> CwxSystem::CreateImageList() const
+{
+    return CHandle<IImageList>(new CwxImageList);
+}
+
 CHandle<ISysTimer> CwxSystem::CreateTimer(int milliseconds, bool start) const
 {
     return CHandle<ISysTimer>(wxApp::GetInstance() ? new CwxSysTimer(milliseconds, start) : nullptr);
@@ -135,12 +140,6 @@ IRunner* CwxSystem::CreateRunner()
 CHandle<ILock> CwxSystem::CreateLock()
 {
     return CHandle<ILock>(new CLock);
-}
-
-// The class does not exist yet.
-CHandle<IImageList> CwxSystem::CreateImageList() const
-{
-    return {};
 }
 
 } // namespace vela7

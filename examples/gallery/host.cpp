@@ -10,6 +10,7 @@
 #include "page.h"
 #include "recording.h"
 
+#include "vela7/wxanimation.h"
 #include "vela7/wxpainter.h"
 #include "vela7/wxsyswindow.h"
 
@@ -23,6 +24,7 @@
 #include <wx/frame.h>
 #include <wx/image.h>
 #include <wx/log.h>
+#include <wx/mstream.h>
 #include <wx/notebook.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
@@ -46,6 +48,14 @@ bool gallery::DrawElementByHand(vela7::IPainter& painter, vela7::ControlElement 
     ours->CwxPainter::internalDrawControlElement(element, rect.left, rect.top, rect.right, rect.bottom,
                                                  state);
     return true;
+}
+
+vela7::CHandle<vela7::IAnimation> gallery::LoadAnimation(const unsigned char* gif, std::size_t length)
+{
+    wxMemoryInputStream stream(gif, length);
+    wxAnimation animation;
+    animation.Load(stream, wxANIMATION_TYPE_GIF);
+    return vela7::CreateAnimation(animation, true);
 }
 
 namespace {

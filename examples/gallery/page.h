@@ -10,6 +10,10 @@
 #include <memory>
 #include <vector>
 
+namespace vela7 {
+class IAnimation;
+}
+
 namespace gallery {
 
 class Page
@@ -39,6 +43,10 @@ struct PageEntry
 /// does it, since the toolkit's interfaces leave the choice to the painter. False when it cannot.
 bool DrawElementByHand(vela7::IPainter& painter, vela7::ControlElement element,
                        const vela7::rectangle<int>& rect, int state);
+
+/// The animation in a GIF; empty when there is none. The host does it, since the toolkit has no animation
+/// files of its own.
+vela7::CHandle<vela7::IAnimation> LoadAnimation(const unsigned char* gif, std::size_t length);
 
 /// In the order of the tabs.
 const std::vector<PageEntry>& AllPages();

@@ -7,6 +7,8 @@
     PAGE(Text,               "Text")             \
     PAGE(Elements,           "Elements")         \
     PAGE(Pictures,           "Pictures")         \
+    PAGE(Icons,              "Icons")            \
+    PAGE(Animation,          "Animation")        \
     PAGE(Events,             "Events")           \
     PAGE(Focus,              "Focus")            \
     PAGE(PopupsAndTips,      "Popups and tips")  \

@@ -17,7 +17,6 @@ class CwxClipboard;
 /// without an application object: then sizes and counts are 0, the scale is 1.0, nothing is active, there are
 /// no timers and no runners, and the clipboard is empty.
 /// Thread: GUI, except IsMainThread, CreateRunner and CreateLock.
-/// Image lists have no class yet: CreateImageList answers an empty handle.
 class VELA7_WX_API CwxSystem : public CSystem, public CwxMouse
 {
 public:

@@ -1,0 +1,146 @@
+// Animations on GIFs that another program made: what is shown when, and where.
+
+#include "vela7/wxanimation.h"
+
+#include "scaledcanvas.h"
+#include "support/process.h"
+#include "support/waits.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+#include <unistd.h>
+#include <wx/image.h>
+
+namespace vela7 {
+namespace {
+
+using namespace test;
+using Strings = std::vector<std::string>;
+
+class Animation : public testing::Test
+{
+protected:
+    ~Animation() override { std::filesystem::remove_all(m_directory); }
+
+    // By ImageMagick.
+    wxString Make(const std::string& name, Strings arguments)
+    {
+        std::filesystem::create_directories(m_directory);
+        arguments.insert(arguments.begin(), {"convert", "-size", "16x16"});
+        arguments.push_back(m_directory / name);
+        EXPECT_EQ(0, RunProgram(arguments).exitCode);
+        return arguments.back();
+    }
+    wxString MakeMoving()
+    {
+        return Make("moving.gif", {"-delay", "10", "xc:red", "-delay", "20", "gradient:", "-delay", "30",
+                                   "xc:blue", "-loop", "0"});
+    }
+    Pixels Draw(const IAnimation& animation)
+    {
+        return canvas.Draw([&](IPainter& p) { animation.Draw(&p, 10, 20); });
+    }
+
+    ScaledSystem system;
+    ScaledCanvas canvas;
+
+private:
+    const std::filesystem::path m_directory =
+        std::filesystem::temp_directory_path() / ("vela7-animation-" + std::to_string(getpid()));
+};
+
+TEST_F(Animation, StepsByTimeAndScales)
+{
+    const wxString file = MakeMoving(), slowFile = Make("slow.gif", {"-delay", "9000", "xc:red", "xc:blue"});
+    const auto slow = CreateAnimation(wxAnimation(slowFile), false);
+    for (const int frame : {0, 1, 2, 0})
+        for (const bool dpiScale : {false, true}) {
+            SCOPED_TRACE(frame);
+            const std::string name = std::string(file) + '[' + std::to_string(frame) + ']';
+            const std::string rgb = RunProgram({"convert", name, "-depth", "8", "rgb:-"}).output;
+            ASSERT_EQ(768u, rgb.size());
+            wxImage seen(16, 16), expected = canvas.Draw([](IPainter&) {}).ToImage();
+            std::copy(rgb.begin(), rgb.end(), seen.GetData());
+            expected.Paste(dpiScale ? seen.Scale(32, 32) : seen, 10, 20);
+            system.scale = 2.0;
+            const auto animation = CreateAnimation(wxAnimation(file), dpiScale);
+            EXPECT_EQ(dpiScale ? size<int>(32, 32) : size<int>(16, 16), animation->GetSize());
+            const auto shows = [&] { // its delay is what is left of 100, 200 and 300 ms
+                animation->NextFrame();
+                const int delay = animation->GetDelay() - 100 * frame;
+                return delay > 0 && delay <= 100 && Draw(*animation).At(10, 20) == Pixels(seen).At(0, 0);
+            };
+            ASSERT_TRUE(WaitFor(shows, "the frame"));
+            ExpectSamePixels(Pixels(expected), Draw(*animation), "frame");
+            slow->NextFrame();
+        }
+    EXPECT_EQ(0xff0000u, Draw(*slow).At(10, 20)) << "time counts, not the calls";
+}
+
+TEST_F(Animation, WithoutFramesOrPaint)
+{
+    EXPECT_FALSE(CreateAnimation(wxAnimation(), true));
+    const wxAnimation moving(MakeMoving());
+    const Pixels untouched = canvas.Draw([](IPainter&) {});
+    CwxAnimation animation;
+    const auto expectNothing = [&](size<int> extent) {
+        animation.NextFrame();
+        EXPECT_EQ(-1, animation.GetDelay());
+        EXPECT_EQ(extent, animation.GetSize());
+        ExpectSamePixels(untouched, Draw(animation), "nothing");
+    };
+    expectNothing({0, 0});
+    animation.Init(moving, false);
+    EXPECT_EQ(100, animation.GetDelay());
+    animation.Draw(nullptr, 0, 0);
+    animation.Draw(&canvas.painter, 0, 0);
+    ExpectSamePixels(untouched, ReadPixels(canvas.GetBitmap()), "outside of a paint");
+    animation.Clear();
+    expectNothing({16, 16}); // the animation is kept
+    animation.Init(moving, false);
+    animation.Init(wxAnimation(), false);
+    expectNothing({0, 0});
+}
+
+TEST_F(Animation, KeepsNoReferences)
+{
+    const wxAnimation still(Make("still.png", {"xc:red"}));
+    GObject* const frames = G_OBJECT(still.GetPixbuf());
+    GObject* const pixels = G_OBJECT(gdk_pixbuf_animation_get_static_image(still.GetPixbuf()));
+    const guint before = frames->ref_count, pixelsBefore = pixels->ref_count;
+    auto animation = CreateAnimation(still, true);
+    const guint during = pixels->ref_count;
+    for (int i = 0; i < 1000; ++i) {
+        system.scale = 1.0 + i % 2;
+        Draw(*animation);
+    }
+    EXPECT_EQ(-1, animation->GetDelay());
+    dynamic_cast<CwxAnimation&>(*animation).Init(still, false);
+    EXPECT_EQ(during, pixels->ref_count);
+    animation.Reset();
+    EXPECT_TRUE(before == frames->ref_count && pixelsBefore == pixels->ref_count);
+}
+
+TEST_F(Animation, OddFiles)
+{
+    const wxString zero = Make("zero.gif", {"-delay", "0", "xc:red", "xc:blue"});
+    std::ifstream file(std::string(zero), std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(file), {}};
+    for (std::size_t length = whole.size() + 1; length-- > 0;) {
+        GdkPixbufLoader* const loader = gdk_pixbuf_loader_new(); // which wx uses as well, for streams
+        gdk_pixbuf_loader_write(loader, reinterpret_cast<const guchar*>(whole.data()), length, nullptr);
+        gdk_pixbuf_loader_close(loader, nullptr);
+        const wxAnimation cut(gdk_pixbuf_loader_get_animation(loader));
+        g_object_unref(loader);
+        if (const auto animation = CreateAnimation(cut, true)) {
+            animation->NextFrame();
+            EXPECT_GE(animation->GetDelay(), -1);
+            Draw(*animation);
+        }
+    }
+}
+
+} // namespace
+} // namespace vela7

@@ -1,0 +1,239 @@
+// Image lists: what is added, the disabled looks, and what is drawn.
+
+#include "vela7/wximagelist.h"
+
+#include "recordingpainter.h"
+#include "scaledcanvas.h"
+#include "support/faults.h"
+#include "vela7/wxxpm.h"
+
+#include <gtest/gtest.h>
+#include <wx/dcmemory.h>
+
+namespace vela7 {
+namespace {
+
+using namespace test;
+
+constexpr std::uint32_t red = 0xff0000, magenta = 0xff00ff, ground = 0x0a141e;
+const _color key(255, 0, 255);
+
+// Red, with the left part in magenta.
+wxImage Icon(int width, int height, int left, bool mask = false)
+{
+    wxImage image(width, height);
+    for (int i = 0; i < width * height; ++i)
+        image.SetRGB(i % width, i / width, 255, 0, i % width < left ? 255 : 0);
+    if (mask)
+        image.SetMaskColour(255, 0, 255);
+    return image;
+}
+
+class ImageList : public testing::Test
+{
+protected:
+    int Add(wxImage image) { return list.AddOriginalImage(image), list.GetImageCount() - 1; }
+    void Each(IPainter* painter, int index, int side)
+    {
+        for (auto draw : {&IImageList::Draw, &IImageList::DrawTransparent, &IImageList::DrawDisabled})
+            (list.*draw)(painter, index, 0, 0, side, side);
+    }
+
+    CwxImageList list;
+    ScaledCanvas canvas;
+    CwxRasterPicture picture{size<int>(0, 0)};
+};
+
+TEST_F(ImageList, SplitsWhatIsTwiceAsWideAsHigh)
+{
+    for (const wxSize& whole : {wxSize(32, 16), {2, 1}, {16, 16}, {33, 16}, {31, 16}, {16, 32}, {1, 1}}) {
+        SCOPED_TRACE(testing::Message() << whole.x << 'x' << whole.y);
+        const bool splits = whole.x == 2 * whole.y;
+        const wxImage image = Icon(whole.x, whole.y, std::min(whole.x, whole.y));
+        picture.SetBitmap(wxBitmap(image));
+        XPMImage xpm;
+        convert::fill_xpm_from_wximage(&xpm, &image);
+        const int count = list.GetImageCount();
+        EXPECT_EQ(count, list.AddXPM(xpm));
+        EXPECT_EQ(count + 1, list.AddRasterPicture(&picture, _color::none()));
+        EXPECT_EQ(count + 2, Add(image));
+        for (int i = count; i < count + 3; ++i) {
+            EXPECT_EQ(size<int>(splits ? whole.y : whole.x, whole.y), list.GetSize(i));
+            const wxImage &normal = *list.GetImage(i, true), &disabled = *list.GetImage(i, false);
+            EXPECT_EQ(normal.GetSize(), disabled.GetSize());
+            EXPECT_EQ(!splits, disabled.HasAlpha()) << "made on demand";
+            EXPECT_TRUE(normal.GetBlue(0, 0) == 255 && (!splits || disabled.GetBlue(0, 0) == 0));
+            EXPECT_FALSE(normal.HasPalette() || disabled.HasPalette());
+        }
+    }
+}
+
+TEST_F(ImageList, MakesDisabledImagesOnce)
+{
+    for (const int variant : {0, 1, 2, 3}) {
+        const bool mask = variant & 1;
+        wxImage image(2, 2);
+        std::copy_n("\x0a\xc8\x1e\x01\x02\x03\x0a\xc8\x1e\x0a\xc8\x1f", 12, image.GetData());
+        if (mask)
+            image.SetMaskColour(1, 2, 3);
+        if (variant & 2)
+            image.SetAlpha(), std::fill_n(image.GetAlpha(), 4, static_cast<unsigned char>(90));
+        const int icon = Add(image);
+        const wxImage* const disabled = list.GetDisabledImage(icon);
+        for (const int i : {0, 1, 2, 3}) // the mask's pixel, or those like the one at the bottom left
+            EXPECT_EQ((mask ? i == 1 : i % 2 == 0) ? 0 : 127, disabled->GetAlpha()[i]) << i << variant;
+        const unsigned char* const data = disabled->GetData();
+        EXPECT_TRUE(data[0] == 124 && data[1] == 124 && data[2] == 124); // 0.299, 0.587, 0.114 of 10, 200, 30
+        list.GetImage(icon, true)->SetRGB(0, 0, 255, 255, 255);
+        EXPECT_TRUE(disabled == list.GetImage(icon, false) && data == disabled->GetData() && data[0] == 124);
+    }
+}
+
+TEST_F(ImageList, SizesOfWhatIsDrawn)
+{
+    struct Row
+    {
+        unsigned flags;
+        double painter, system;
+        int width, height;
+        wxSize drawn;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {0, 1.0, 1.0,  0,  0, {15, 15}}, {0, 1.5, 1.5,  0,  0, {15, 15}}, {2, 1.5, 1.5,  0,  0, {22, 22}},
+        {2, 2.0, 2.0,  0,  0, {30, 30}}, {2, 2.0, 1.0,  0,  0, {15, 15}}, {2, 1.0, 2.0,  0,  0, {15, 15}},
+        {0, 1.5, 1.5,  0, 20, {15, 15}}, {2, 1.5, 1.5,  0, 20, {22, 20}}, {2, 1.5, 1.5, 20,  0, {20, 22}},
+        {2, 1.0, 1.0, 20,  0, {15, 15}}, {2, 1.5, 1.5, 40,  8, {40,  8}}, {0, 1.0, 1.0,  1,  1, { 1,  1}},
+        {0, 1.0, 1.0, -3,  8, { 0,  0}}, {2, 1.5, 1.5,  0, -9, { 0,  0}}, {0, 1.0, 1.0, 1 << 30, 1 << 30, {0, 0}},
+    };
+    // clang-format on
+    ScaledSystem system;
+    Add(Icon(15, 15, 0));
+    *list.GetDisabledImage(0) = Icon(15, 15, 0);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        SetDPIAutoScale(row.flags);
+        canvas.painter.scale = row.painter;
+        system.scale = row.system;
+        for (auto draw : {&IImageList::Draw, &IImageList::DrawTransparent, &IImageList::DrawDisabled}) {
+            const auto call = [&](IPainter& p) { (list.*draw)(&p, 0, 10, 20, row.width, row.height); };
+            EXPECT_EQ(row.drawn.x ? wxRect({10, 20}, row.drawn) : wxRect(), canvas.Draw(call).BoxOf(red));
+        }
+        size<int> extent(15, 15);
+        ApplyDPIScale(extent);
+        const int side = !row.flags || row.system == 1.0 ? 15 : row.system == 1.5 ? 22 : 30;
+        EXPECT_TRUE(extent == size<int>(side, side) && extent == list.GetSize(0)) << extent.width;
+    }
+    SetDPIAutoScale(0);
+}
+
+// The grey of red at 127 of 255 on the ground; what draws it may round.
+bool IsHalf(std::uint32_t seen)
+{
+    const auto near = [&](int shift, int value) { return std::abs(int(seen >> shift & 0xff) - value) <= 2; };
+    return near(16, 43) && near(8, 48) && near(0, 53); // 76 on 10, 20, 30
+}
+
+TEST_F(ImageList, PixelsOfTheLooks)
+{
+    wxImage image = Icon(16, 16, 2);
+    image.SetAlpha();
+    for (int i = 0; i < 256; ++i)
+        image.GetAlpha()[i] = static_cast<unsigned char>(i % 16 < 2 ? 127 : 128);
+    const int masked = Add(Icon(16, 16, 2, true)), alpha = Add(image);
+    for (const int side : {0, 32, 0})
+        for (const int icon : {masked, alpha}) {
+            SCOPED_TRACE(testing::Message() << side << ' ' << icon);
+            Pixels seen = canvas.Draw([&](IPainter& p) {
+                p.SetRasterOperation(roXor); // no matter
+                list.Draw(&p, icon, 10, 10, side, side);
+                EXPECT_EQ(roXor, p.GetRasterOperation());
+            });
+            EXPECT_EQ(red, seen.At(18, 18));
+            EXPECT_EQ(icon == masked && side ? 0x010203 : magenta,
+                      seen.At(11, 18)); // scaled: wx's mask colour
+            seen = canvas.Draw([&](IPainter& p) {
+                p.SetClipRect(0, 0, 100, 19);
+                list.DrawTransparent(&p, icon, 10, 10, side, side);
+            });
+            EXPECT_TRUE(seen.At(18, 18) == red && seen.At(18, 19) == ground && seen.At(11, 18) == ground);
+            seen = canvas.Draw([&](IPainter& p) { list.DrawDisabled(&p, icon, 10, 10, side, side); });
+            EXPECT_TRUE(IsHalf(seen.At(18, 18))) << std::hex << seen.At(18, 18);
+            EXPECT_EQ(ground, seen.At(11, 18));
+        }
+    const Pixels moved = canvas.Draw([&](IPainter& p) {
+        p.Scale(1.5, 1.5);
+        list.DrawTransparent(&p, masked, 5, 3, 0, 0); // 7.5, 4.5, without the two on the left
+    });
+    EXPECT_EQ(wxRect(9, 4, 14, 16), moved.BoxOf(red));
+}
+
+TEST_F(ImageList, DrawsImagesAsTheyAreNow)
+{
+    wxImage& image = *list.GetImage(Add(Icon(16, 16, 0)), true);
+    for (const int step : {0, 1, 2, 3}) {
+        if (step == 1)
+            std::fill_n(image.GetData(), 768, static_cast<unsigned char>(128));
+        if (step == 2)
+            image.SetMaskColour(128, 128, 128);
+        if (step == 3)
+            image = Icon(20, 16, 2);
+        for (const int side : {0, 32}) {
+            const auto draw = [&](IPainter& p) { list.DrawTransparent(&p, 0, 0, 0, side, side); };
+            EXPECT_EQ(step == 1 ? 0x808080 : step == 2 ? ground : red, canvas.Draw(draw).At(8, 8)) << step;
+        }
+    }
+}
+
+TEST_F(ImageList, RasterPicturesAndIndexes)
+{
+    EXPECT_EQ(-1, list.AddRasterPicture(&picture, key)); // empty
+    EXPECT_EQ(-1, list.AddRasterPicture(nullptr, key));
+    picture.SetBitmap(wxBitmap(Icon(16, 16, 2)));
+    EXPECT_EQ(0, list.AddRasterPicture(&picture, key));
+    EXPECT_EQ(1, list.AddRasterPicture(&picture, _color::none()));
+    EXPECT_TRUE(list.GetImage(0, true)->IsTransparent(0, 0) && !list.GetImage(1, true)->IsTransparent(0, 0));
+    EXPECT_EQ(nullptr, picture.GetBitmap().GetMask()) << "not the picture's";
+    const char* const lines[] = {"1 1 1 1", "a c #0000ff", "a"};
+    const XPMImage xpm(lines);
+    EXPECT_TRUE(list.AddDisabledRasterPicture(1, &picture, key) && list.AddDisabledXPM(0, xpm));
+    EXPECT_TRUE(list.GetImage(1, false)->IsTransparent(0, 0) &&
+                list.GetImage(0, false)->GetBlue(0, 0) == 255);
+    for (const int index : {-1, 2, 1 << 30}) {
+        EXPECT_FALSE(list.AddDisabledXPM(index, xpm) || list.AddDisabledRasterPicture(index, &picture, key));
+        EXPECT_EQ(size<int>(), list.GetSize(index));
+    }
+    EXPECT_TRUE(dynamic_cast<CwxImageList*>(GetCurrentSystem()->CreateImageList().Get()));
+}
+
+struct Foreign : seam::RecordingPainter
+{
+    wxDC* GetDC() override { return dc; }
+    wxDC* dc = nullptr;
+};
+
+TEST_F(ImageList, DrawsNothingWhereItCannot)
+{
+    Add(Icon(16, 16, 0));
+    const Pixels untouched = canvas.Draw([](IPainter&) {});
+    wxMemoryDC memory(canvas.GetBitmap());
+    Foreign foreign;
+    foreign.dc = &memory;
+    const CPaintScope scope(foreign);
+    Each(&foreign, 0, 0);
+    Each(&canvas.painter, 0, 20); // outside of a paint
+    Each(nullptr, 0, 0);
+    memory.SelectObject(wxNullBitmap);
+    ExpectSamePixels(untouched, ReadPixels(canvas.GetBitmap()), "foreign");
+    EXPECT_EQ(1, list.AddXPM(XPMImage())); // added all the same
+    ExpectAsserts(1, "src/wximagelist:31 create_paletteless_image: image.IsOk() / ");
+    const Pixels seen = canvas.Draw([&](IPainter& p) {
+        for (const int index : {-1, 1, 2, 1 << 30})
+            Each(&p, index, 20);
+    });
+    ExpectAsserts(1, "src/wximagelist:314 GetDisabledImage: m_Elements[index].first.IsOk() / ");
+    ExpectSamePixels(untouched, seen, "indexes");
+}
+
+} // namespace
+} // namespace vela7
