@@ -34,6 +34,23 @@ const void* Drawable(const wxWindow& window)
     return widget ? gtk_widget_get_window(widget) : nullptr;
 }
 
+void KeepWidgets(wxWindow& window)
+{
+    const auto keep = [](gpointer object) {
+        const auto release = [](gpointer kept) -> gboolean {
+            g_object_unref(kept);
+            return FALSE;
+        };
+        if (object)
+            g_idle_add(release, g_object_ref(object));
+    };
+    GtkWidget* const text = window.GetConnectWidget();
+    keep(window.m_widget);
+    keep(text);
+    if (text && GTK_IS_TEXT_VIEW(text))
+        keep(gtk_text_view_get_buffer(GTK_TEXT_VIEW(text)));
+}
+
 wxBitmap BitmapFromXPM(const char* const* lines)
 {
     GdkPixbuf* const pixbuf = gdk_pixbuf_new_from_xpm_data(const_cast<const char**>(lines));

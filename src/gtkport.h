@@ -26,6 +26,10 @@ const void* Drawable(const wxWindow& window);
 /// The picture of complete XPM lines, with the colour names as GTK knows them; invalid when there is none.
 wxBitmap BitmapFromXPM(const char* const* lines);
 
+/// Keeps the widgets of a window that is being destroyed in memory until GTK is idle: some caller of GTK's
+/// may be using them.
+void KeepWidgets(wxWindow& window);
+
 /// Size of the theme's check box.
 wxSize CheckBoxSize();
 

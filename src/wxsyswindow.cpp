@@ -13,7 +13,7 @@
 #include "vela7/wxsyswindow.h"
 
 #include "gtkport.h"
-#include "vela7/inplace.h"
+#include "handlerstack.h"
 #include "vela7/menu.h"
 #include "vela7/palette.h"
 #include "vela7/parentresizehandler.h"
@@ -21,6 +21,8 @@
 #include "vela7/scrollbar.h"
 #include "vela7/velawxwindow.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wxinplacecombo.h"
+#include "vela7/wxinplaceedit.h"
 #include "vela7/wxmouse.h"
 
 #include <wx/app.h>
@@ -35,16 +37,6 @@
 namespace vela7 {
 
 namespace {
-
-// Takes exactly this handler off the window's stack; it may have been taken off by somebody else already.
-void TakeOff(wxWindow& window, wxEvtHandler& handler)
-{
-    for (wxEvtHandler* on = window.GetEventHandler(); on; on = on->GetNextHandler())
-        if (on == &handler) {
-            window.RemoveEventHandler(&handler);
-            return;
-        }
-}
 
 // The rectangle between two corners as given: reversed ones stay reversed and give wx a negative extent.
 wxRect Between(int left, int top, int right, int bottom)
@@ -403,19 +395,19 @@ ISysWindow* CwxSysWindow::CreateChild(WindowType type)
     return new CwxSysWindow(window, true, type);
 }
 
+CHandle<IInplaceEdit> CwxSysWindow::CreateInplaceEdit(unsigned long style)
+{
+    return CHandle<IInplaceEdit>(new CwxInplaceEdit(window, style, &GetChildFocusNotify()));
+}
+
+CHandle<IInplaceComboBox> CwxSysWindow::CreateInplaceComboBox(bool editable)
+{
+    return CHandle<IInplaceComboBox>(new CwxInplaceCombo(window, editable, &GetChildFocusNotify()));
+}
+
 // No classes for these yet.
 
 CHandle<IPopupMenu> CwxSysWindow::CreateMenu()
-{
-    return {};
-}
-
-CHandle<IInplaceEdit> CwxSysWindow::CreateInplaceEdit(unsigned long)
-{
-    return {};
-}
-
-CHandle<IInplaceComboBox> CwxSysWindow::CreateInplaceComboBox(bool)
 {
     return {};
 }

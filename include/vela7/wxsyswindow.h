@@ -31,8 +31,7 @@ class CVELAwxWindow;
 /// toolkit window, also from inside any of its notifications. Thread: GUI; Synchronize any.
 ///
 /// Not reported: presses, releases and double clicks of the middle button. Not there yet: tooltip
-/// (TakeTooltip is null) and the factories for menus, editors, combo boxes, scroll bars and popups (empty
-/// handles).
+/// (TakeTooltip is null) and the factories for menus, scroll bars and popups (empty handles).
 class VELA7_WX_API CwxSysWindow : public wxEvtHandler, public CSysWindow, private IChildFocusNotify
 {
 public:
