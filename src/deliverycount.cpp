@@ -1,9 +1,26 @@
 #include "vela7/deliverycount.h"
 
+#include "gtkport.h"
+
 #include <wx/app.h>
 #include <wx/window.h>
 
+#include <set>
+#include <utility>
+
 namespace vela7 {
+
+namespace {
+
+// Storage of windows that were deleted while they were delivering an event, between their destructor and
+// operator delete.
+std::set<const void*>& Kept()
+{
+    static std::set<const void*> storages;
+    return storages;
+}
+
+} // namespace
 
 CDeliveryCount::~CDeliveryCount()
 {
@@ -11,15 +28,44 @@ CDeliveryCount::~CDeliveryCount()
         delivery->m_count = nullptr;
 }
 
-bool CDeliveryCount::PutOffDestruction(wxWindow& window) const
+void CDeliveryCount::Leave(CDelivery* outer)
 {
-    if (!IsDelivering() || !wxTheApp)
+    m_innermost = outer;
+    wxObject* const object = outer ? nullptr : std::exchange(m_putOff, nullptr);
+    if (object && wxTheApp && !wxTheApp->IsScheduledForDestruction(object))
+        wxTheApp->ScheduleForDestruction(object);
+}
+
+bool CDeliveryCount::PutOffDestruction(wxWindow& window)
+{
+    if (!PutOffDeletion(window))
         return false;
     if (!window.HasFocus()) // GTK complains when the focus vanishes while it arrives
         window.Hide();
-    if (!wxTheApp->IsScheduledForDestruction(&window))
-        wxTheApp->ScheduleForDestruction(&window);
     return true;
+}
+
+bool CDeliveryCount::PutOffDeletion(wxObject& object)
+{
+    if (!IsDelivering() || !wxTheApp)
+        return false;
+    m_putOff = &object;
+    return true;
+}
+
+void CDeliveryCount::Retire(wxWindow& window) const
+{
+    if (wxTheApp)
+        wxPendingDelete.DeleteObject(&window);
+    if (!IsDelivering())
+        return;
+    gtkport::KeepWidgets(window);
+    Kept().insert(dynamic_cast<void*>(&window));
+}
+
+bool CDeliveryCount::TakeKept(void* storage)
+{
+    return Kept().erase(storage) > 0 && wxTheApp;
 }
 
 } // namespace vela7

@@ -44,6 +44,25 @@ void SetTransient(wxWindow& popup, bool transient)
                                  GTK_IS_WINDOW(top) ? GTK_WINDOW(top) : nullptr);
 }
 
+void KeepWidgets(wxWindow& window)
+{
+    const auto keep = [](gpointer object) {
+        const auto release = [](gpointer kept) -> gboolean {
+            g_object_unref(kept);
+            return FALSE;
+        };
+        if (object)
+            g_idle_add(release, g_object_ref(object));
+    };
+    GtkWidget* const text = window.GetConnectWidget();
+    keep(window.m_widget);
+    keep(text);
+    if (text && GTK_IS_TEXT_VIEW(text))
+        keep(gtk_text_view_get_buffer(GTK_TEXT_VIEW(text)));
+    if (window.m_widget && GTK_IS_RANGE(window.m_widget))
+        keep(gtk_range_get_adjustment(GTK_RANGE(window.m_widget)));
+}
+
 wxBitmap BitmapFromXPM(const char* const* lines)
 {
     GdkPixbuf* const pixbuf = gdk_pixbuf_new_from_xpm_data(const_cast<const char**>(lines));
@@ -132,12 +151,6 @@ wxSize CheckBoxSize()
         return wxSize(0, 0);
 #endif
     return wxRendererNative::Get().GetCheckBoxSize(window);
-}
-
-void KeepRange(wxWindow& scrollBar)
-{
-    const auto release = [](gpointer object) -> gboolean { return g_object_unref(object), FALSE; };
-    g_idle_add(release, g_object_ref(gtk_range_get_adjustment(GTK_RANGE(scrollBar.m_widget))));
 }
 
 void CloseMenu(wxMenu& menu)

@@ -47,11 +47,12 @@ void AdvanceFrame(GdkPixbufAnimationIter* iterator);
 /// Shares the iterator's pixels: for use before the next AdvanceFrame. Invalid when there is none.
 wxBitmap CurrentFrame(GdkPixbufAnimationIter* iterator);
 
+/// Keeps the widgets of a window that is being destroyed in memory until GTK is idle: some caller of GTK's
+/// may be using them.
+void KeepWidgets(wxWindow& window);
+
 /// Size of the theme's check box.
 wxSize CheckBoxSize();
-
-/// What GTK goes on using when a scroll bar dies in its own event stays until the next idle pass.
-void KeepRange(wxWindow& scrollBar);
 
 /// Closes a popup menu as Escape does; nothing when it is not open.
 void CloseMenu(wxMenu& menu);

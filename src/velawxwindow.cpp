@@ -5,21 +5,12 @@
 #include <wx/app.h>
 
 #include <new>
-#include <set>
 
 wxIMPLEMENT_DYNAMIC_CLASS(vela7::CVELAwxWindow, wxWindow);
 
 namespace vela7 {
 
 namespace {
-
-// Storage of windows that were deleted while they were delivering an event, between their destructor and
-// operator delete.
-std::set<const void*>& Lingering()
-{
-    static std::set<const void*> storages;
-    return storages;
-}
 
 // What wx finds where a window was that died in the middle of its own event: a window that was never created,
 // until the next idle pass.
@@ -55,10 +46,7 @@ CVELAwxWindow::~CVELAwxWindow()
     owner = nullptr;
     if (!parent)
         m_parent = nullptr;
-    if (wxTheApp)
-        wxPendingDelete.DeleteObject(this);
-    if (deliveries.IsDelivering())
-        Lingering().insert(dynamic_cast<void*>(this));
+    deliveries.Retire(*this);
 }
 
 bool CVELAwxWindow::Destroy()
@@ -76,7 +64,7 @@ bool CVELAwxWindow::Destroy()
 
 void CVELAwxWindow::operator delete(void* storage)
 {
-    if (Lingering().erase(storage) > 0 && wxTheApp)
+    if (CDeliveryCount::TakeKept(storage))
         wxTheApp->ScheduleForDestruction(::new (storage) CRemains);
     else
         ::operator delete(storage);

@@ -1,7 +1,6 @@
 #include "vela7/wxscrollbar.h"
 
 #include "callout.h"
-#include "gtkport.h"
 
 #include <wx/app.h>
 
@@ -10,7 +9,6 @@
 #include <cstdint>
 #include <limits>
 #include <new>
-#include <set>
 
 namespace vela7 {
 
@@ -21,13 +19,6 @@ int Truncated(double value)
 {
     using Int = std::numeric_limits<int>;
     return std::isnan(value) ? 0 : static_cast<int>(std::clamp<double>(value, Int::min(), Int::max()));
-}
-
-// Storage of bars that were deleted while they were delivering an event, until operator delete.
-std::set<const void*>& Lingering()
-{
-    static std::set<const void*> storages;
-    return storages;
 }
 
 // What wx, which goes on using it, finds where a bar was that died in its own event: one never created.
@@ -63,12 +54,7 @@ CwxScrollBar::CwxScrollBar(wxWindow* parent, bool vertical)
 CwxScrollBar::~CwxScrollBar()
 {
     RevokeHandles();
-    if (wxTheApp)
-        wxPendingDelete.DeleteObject(this);
-    if (m_deliveries.IsDelivering()) {
-        gtkport::KeepRange(*this);
-        Lingering().insert(dynamic_cast<void*>(this));
-    }
+    m_deliveries.Retire(*this);
 }
 
 void CwxScrollBar::Dispose()
@@ -85,7 +71,7 @@ void CwxScrollBar::Dispose()
 
 void CwxScrollBar::operator delete(void* storage)
 {
-    if (Lingering().erase(storage) > 0 && wxTheApp)
+    if (CDeliveryCount::TakeKept(storage))
         wxTheApp->ScheduleForDestruction(new (storage) CRemains);
     else
         ::operator delete(storage);

@@ -13,11 +13,13 @@
 #include "vela7/wxsyswindow.h"
 
 #include "gtkport.h"
-#include "vela7/inplace.h"
+#include "handlerstack.h"
 #include "vela7/palette.h"
 #include "vela7/parentresizehandler.h"
 #include "vela7/velawxwindow.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wxinplacecombo.h"
+#include "vela7/wxinplaceedit.h"
 #include "vela7/wxmouse.h"
 #include "vela7/wxpopup.h"
 #include "vela7/wxpopupmenu.h"
@@ -36,16 +38,6 @@
 namespace vela7 {
 
 namespace {
-
-// Takes exactly this handler off the window's stack; it may have been taken off by somebody else already.
-void TakeOff(wxWindow& window, wxEvtHandler& handler)
-{
-    for (wxEvtHandler* on = window.GetEventHandler(); on; on = on->GetNextHandler())
-        if (on == &handler) {
-            window.RemoveEventHandler(&handler);
-            return;
-        }
-}
 
 // The rectangle between two corners as given: reversed ones stay reversed and give wx a negative extent.
 wxRect Between(int left, int top, int right, int bottom)
@@ -418,21 +410,19 @@ CHandle<IPopupMenu> CwxSysWindow::CreateMenu()
     return CHandle<IPopupMenu>(new CwxPopupMenu(this, window));
 }
 
+CHandle<IInplaceEdit> CwxSysWindow::CreateInplaceEdit(unsigned long style)
+{
+    return CHandle<IInplaceEdit>(new CwxInplaceEdit(window, style, &GetChildFocusNotify()));
+}
+
+CHandle<IInplaceComboBox> CwxSysWindow::CreateInplaceComboBox(bool editable)
+{
+    return CHandle<IInplaceComboBox>(new CwxInplaceCombo(window, editable, &GetChildFocusNotify()));
+}
+
 CHandle<IScrollBar> CwxSysWindow::CreateScrollBar(ScrollType type)
 {
     return CHandle<IScrollBar>(new CwxScrollBar(window, type == stVertical));
-}
-
-// No classes for these yet.
-
-CHandle<IInplaceEdit> CwxSysWindow::CreateInplaceEdit(unsigned long)
-{
-    return {};
-}
-
-CHandle<IInplaceComboBox> CwxSysWindow::CreateInplaceComboBox(bool)
-{
-    return {};
 }
 
 // ---- helpers for native windows

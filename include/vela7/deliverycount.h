@@ -3,13 +3,15 @@
 
 #include "vela7/wxexport.h"
 
+class wxObject;
 class wxWindow;
 
 namespace vela7 {
 
-/// A member of wx windows: knows whether the window is delivering an event just now.
+/// A member of wx windows and event handlers: knows whether its owner is delivering an event just now.
 ///
-/// wx goes on using a window after the handlers of an event, so a window that is to go meanwhile must wait.
+/// wx goes on using a window after the handlers of an event, so a window that is to go meanwhile must wait,
+/// also while a listener runs an event loop of its own.
 /// Thread: GUI.
 class VELA7_WX_API CDeliveryCount
 {
@@ -21,9 +23,18 @@ public:
 
     bool IsDelivering() const { return m_innermost != nullptr; }
 
-    /// While the window is delivering: hides it and leaves it to wx to delete on the next idle pass; true.
-    /// Otherwise, and without an application that could do it, nothing; false.
-    bool PutOffDestruction(wxWindow& window) const;
+    /// While the window is delivering: hides it and leaves it to wx to delete on the first idle pass after
+    /// the delivery; true. Otherwise, and without an application that could do it, nothing; false.
+    bool PutOffDestruction(wxWindow& window);
+    /// The same for what is not to be hidden, such as event handlers.
+    bool PutOffDeletion(wxObject& object);
+
+    /// For the destructor: wx will not delete the window again. While it is delivering, its widgets stay
+    /// until GTK is idle, and TakeKept will know its storage.
+    void Retire(wxWindow& window) const;
+    /// For operator delete: true, once, when the storage is to be kept. The caller puts something into it
+    /// that wx may go on using, and leaves that to wx to delete.
+    static bool TakeKept(void* storage);
 
     /// On the stack for the time of one delivery. The window may die meanwhile.
     class VELA7_WX_API CDelivery
@@ -36,7 +47,7 @@ public:
         ~CDelivery()
         {
             if (m_count)
-                m_count->m_innermost = m_outer;
+                m_count->Leave(m_outer);
         }
         /// The window still exists, and so does the toolkit's part of it.
         bool IsAlive() const { return m_count != nullptr; }
@@ -50,7 +61,10 @@ public:
     };
 
 private:
+    void Leave(CDelivery* outer);
+
     CDelivery* m_innermost = nullptr;
+    wxObject* m_putOff = nullptr; // what is to go when the outermost delivery is over
 };
 
 } // namespace vela7

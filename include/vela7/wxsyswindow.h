@@ -30,8 +30,7 @@ class CVELAwxWindow;
 /// GetNativeHandle), which belongs to its wx parent. Destroying the native window, or closing it, ends the
 /// toolkit window, also from inside any of its notifications. Thread: GUI; Synchronize any.
 ///
-/// Not reported: presses, releases and double clicks of the middle button. Not there yet: the factories for
-/// editors and combo boxes (empty handles).
+/// Not reported: presses, releases and double clicks of the middle button.
 class VELA7_WX_API CwxSysWindow : public wxEvtHandler, public CSysWindow, private IChildFocusNotify
 {
 public:

@@ -12,6 +12,9 @@
 
 namespace vela7::test {
 
+// What the test application says its layout direction is.
+extern wxLayoutDirection applicationDirection;
+
 // Whether the X server shows the window.
 bool Viewable(const wxWindow* window);
 

@@ -1,6 +1,7 @@
 // The main function of GUI tests: all of them run from a one-shot timer inside the main loop of a real wx
 // application, so that nested loops, timers and deferred calls work as they do for a user.
 #include "support/faults.h"
+#include "support/fixture.h"
 #include "support/runtests.h"
 
 #include <clocale>
@@ -11,6 +12,9 @@
 #include <wx/wx.h>
 
 namespace vela7::test {
+
+wxLayoutDirection applicationDirection = wxLayout_Default;
+
 namespace {
 
 std::string Utf8(const wxString& text)
@@ -77,6 +81,7 @@ public:
         wxInitAllImageHandlers();
         return true;
     }
+    wxLayoutDirection GetLayoutDirection() const override { return applicationDirection; }
     int OnRun() override
     {
         m_runner.StartOnce(1);

@@ -226,6 +226,21 @@ public:
     int GetSubscribersCount(const std::type_info& type) const override { return m_registry->Count(type); }
     void StopEventSending(bool stop) override { m_stopped = stop; }
 
+protected:
+    /// Ends all subscriptions, with notice, for good: for objects whose destruction is put off.
+    // Each listener is taken off its list, wherever it stands in it, before it is told: it may destroy others
+    // meanwhile, and a subscriber that was told no longer unsubscribes.
+    void StopAll()
+    {
+        m_dying = true;
+        std::size_t cursor = 0;
+        for (auto* list = m_registry->First(cursor); list; list = m_registry->Next(cursor))
+            while (INotify* const subscriber = list->PopFront()) {
+                list->Remove(subscriber);
+                subscriber->NoticeStopped(this);
+            }
+    }
+
 private:
     using Push = void (ISubscriberList::*)(INotify*);
 
@@ -238,19 +253,6 @@ private:
         if (notice)
             subscriber->NoticeStarted(this);
         return true;
-    }
-
-    // Each listener is taken off its list, wherever it stands in it, before it is told: it may destroy others
-    // meanwhile, and a subscriber that was told no longer unsubscribes.
-    void StopAll()
-    {
-        m_dying = true;
-        std::size_t cursor = 0;
-        for (auto* list = m_registry->First(cursor); list; list = m_registry->Next(cursor))
-            while (INotify* const subscriber = list->PopFront()) {
-                list->Remove(subscriber);
-                subscriber->NoticeStopped(this);
-            }
     }
 
     std::shared_ptr<ICausedEvents> m_registry;

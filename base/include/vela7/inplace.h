@@ -9,13 +9,6 @@
 
 namespace vela7 {
 
-enum TextAlign
-{
-    taLeft = 0,
-    taCenter = 1,
-    taRight = 2
-};
-
 /// Bits for ISysWindow::CreateInplaceEdit.
 enum EditStyle : unsigned long
 {
@@ -28,6 +21,13 @@ enum EditStyle : unsigned long
 class VELA7_BASE_API IInplaceEdit : public ITextControl
 {
 public:
+    enum TextAlign
+    {
+        taLeft = 0,
+        taCenter = 1,
+        taRight = 2
+    };
+
     /// Of the first line.
     virtual int GetTextLen() const = 0;
     virtual void SetCursorPos(int position) = 0;

@@ -1,0 +1,192 @@
+/// wx controls seen through ICustomControl.
+#pragma once
+
+#include "vela7/childfocusnotify.h"
+#include "vela7/customcontrol.h"
+#include "vela7/deliverycount.h"
+#include "vela7/wxexport.h"
+
+#include <wx/event.h>
+#include <wx/window.h>
+
+#include <optional>
+
+namespace vela7 {
+
+class ISysWindow;
+
+/// ICustomControl over any wx window; T is the interface with its event sender. Without a window every
+/// operation is neutral. Thread: GUI.
+template <class T>
+class VELA7_WX_API CImpCustomControl : public T
+{
+public:
+    explicit CImpCustomControl(wxWindow* control = nullptr) : m_control(control) {}
+
+    /// Right and bottom exclusive; repaints at once.
+    void SetPos(int left, int top, int right, int bottom) override
+    {
+        if (!m_control)
+            return;
+        const CLifeWatch alive = this->WatchLife(); // listeners hear of the new size
+        m_control->SetSize(left, top, right - left, bottom - top, wxSIZE_AUTO);
+        if (alive.IsAlive() && m_control)
+            m_control->Update();
+    }
+    rectangle<int> GetPos() const override
+    {
+        if (!m_control)
+            return {};
+        const wxPoint at = m_control->GetPosition();
+        const wxSize size = m_control->GetSize();
+        return {at.x, at.y, at.x + size.x, at.y + size.y};
+    }
+    void SetVisible(bool visible) override
+    {
+        if (m_control)
+            m_control->Show(visible);
+    }
+    bool GetVisible() const override { return m_control && m_control->IsShown(); }
+    void SetEnabled(bool enabled) override
+    {
+        if (m_control)
+            m_control->Enable(enabled);
+    }
+    bool GetEnabled() const override { return m_control && m_control->IsEnabled(); }
+    void SetFocus() override
+    {
+        if (m_control)
+            m_control->SetFocus();
+    }
+    bool GetFocused() const override { return m_control && wxWindow::FindFocus() == m_control; }
+    /// The wxWindow; null when it is gone.
+    void* GetNativeHandle() const override { return m_control; }
+
+protected:
+    wxWindow* m_control;         // a foreign one or this object itself
+    bool m_inSetFocusEx = false; // only while SetFocusEx runs
+};
+
+/// For controls that can take the focus.
+template <class T>
+class VELA7_WX_API CFocusFlavour : public T
+{
+public:
+    using T::T;
+
+    void SetFocusEx() override
+    {
+        const CLifeWatch alive = this->WatchLife();
+        this->m_inSetFocusEx = true;
+        this->SetFocus();
+        if (alive.IsAlive())
+            this->m_inSetFocusEx = false;
+    }
+};
+
+/// Sends a record to the listeners of a control. False when one of them destroyed it: then the event counts
+/// as handled, since wx uses a control after an unhandled one.
+VELA7_WX_API bool FireFrom(ICustomControl& control, wxEvent& event, const std::type_info& type,
+                           NotifyHandler handler, CEvent& record);
+
+/// Emits the focus signal of a control, then tells its window. notify is read when the slots are through: it
+/// may have become null.
+VELA7_WX_API void ReportChildFocus(ICustomControl& control, IChildFocusNotify* const& notify,
+                                   wxFocusEvent& event);
+
+/// The focus handlers that all wrapped controls share.
+template <class T>
+class VELA7_WX_API CFocusReporter : public CFocusFlavour<CImpCustomControl<T>>
+{
+protected:
+    CFocusReporter(wxWindow* control, IChildFocusNotify* notify)
+        : CFocusFlavour<CImpCustomControl<T>>(control), m_notify(notify)
+    {
+    }
+
+    void ReportFocusIn(wxFocusEvent& event)
+    {
+        if (!this->m_inSetFocusEx && event.GetWindow() == this->m_control)
+            event.SetWindow(nullptr);
+        Report(event, !this->m_inSetFocusEx || event.GetWindow());
+    }
+    // Kept by contract: a loss while SetFocusEx runs is never reported.
+    void ReportFocusOut(wxFocusEvent& event) { Report(event, !this->m_inSetFocusEx); }
+
+    /// From now on nobody hears of this control: to its users it is gone.
+    void Silence()
+    {
+        m_notify = nullptr;
+        this->focus_in_signal.disconnect_all();
+        this->focus_out_signal.disconnect_all();
+        this->StopAll();
+    }
+
+    IChildFocusNotify* m_notify; // the window that hosts the control; may be null
+
+private:
+    void Report(wxFocusEvent& event, bool wanted)
+    {
+        if (wanted && m_notify)
+            ReportChildFocus(*this, m_notify, event);
+        else
+            event.Skip();
+    }
+};
+
+/// A control that the application made itself. It sits on the control's stack of event handlers.
+///
+/// Comes from CreateCustomControl. With autoDelete it dies with its control, else with its last handle; the
+/// control's life is never its business. It supports no event types unless its user declares some.
+class VELA7_WX_API CwxControlHolder : public wxEvtHandler,
+                                      public CFocusReporter<CImplEventSender<ICustomControl>>
+{
+public:
+    /// All may be null or false. notify must outlive the holder, or see SetNotifyLife.
+    CwxControlHolder(wxWindow* control, IChildFocusNotify* notify, bool autoDelete);
+    ~CwxControlHolder() override;
+
+    /// notify is not called any more when this says that it is gone.
+    void SetNotifyLife(const CLifeWatch& life) { m_notifyLife = life; }
+
+    bool ProcessEvent(wxEvent& event) override;
+    void Dispose() override;
+
+private:
+    void focusInEvent(wxFocusEvent& event);
+    void focusOutEvent(wxFocusEvent& event);
+    void destroyEvent(wxWindowDestroyEvent& event);
+    bool ProcessDestroy(wxEvent& event);
+    void ForgetDeadWindow();
+
+    bool m_autoDelete;
+    std::optional<CLifeWatch> m_notifyLife;
+    CDeliveryCount m_deliveries;
+
+    wxDECLARE_EVENT_TABLE();
+};
+
+/// Wraps a control for toolkit code. parent (may be null) hears of its focus. With autoDelete the handle
+/// holds no reference and turns empty when the control dies; without, the control may die first, which leaves
+/// neutral operations.
+VELA7_WX_API CHandle<ICustomControl> CreateCustomControl(wxWindow* control, ISysWindow* parent,
+                                                         bool autoDelete);
+
+/// What the native control of a toolkit window (CSysWindow::SetNativeControl) reports; null when there is
+/// none.
+VELA7_WX_API void* GetControlHandle(wxWindow* window);
+
+/// Hands a navigation request on to the control's parent. When the focus stays, the parent gets a Tab key
+/// press.
+VELA7_WX_API void ForwardNavigation(wxWindow& control, wxNavigationKeyEvent& event);
+
+/// Whether it is the press of a Tab key.
+VELA7_WX_API bool IsTabPress(const wxEvent& event);
+
+/// Right-to-left in a right-to-left application; null is left alone.
+VELA7_WX_API void AdoptLayoutDirection(wxWindow* control);
+
+/// Declared here for the templates on this class; see wxsyswindow.h.
+VELA7_WX_API void UpdateWindowState(wxWindow* window);
+
+} // namespace vela7

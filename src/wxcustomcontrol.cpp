@@ -1,0 +1,193 @@
+#include "vela7/wxcustomcontrol.h"
+
+#include "callout.h"
+#include "handlerstack.h"
+#include "vela7/velawxwindow.h"
+#include "vela7/wxsyswindow.h"
+
+#include <wx/app.h>
+
+namespace vela7 {
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(CwxControlHolder, wxEvtHandler)
+    EVT_KILL_FOCUS(CwxControlHolder::focusOutEvent)
+    EVT_SET_FOCUS(CwxControlHolder::focusInEvent)
+wxEND_EVENT_TABLE()
+// clang-format on
+
+CwxControlHolder::CwxControlHolder(wxWindow* control, IChildFocusNotify* notify, bool autoDelete)
+    : CFocusReporter(control, notify), m_autoDelete(autoDelete)
+{
+    AdoptLayoutDirection(control);
+    if (!control)
+        return;
+    Bind(wxEVT_DESTROY, &CwxControlHolder::destroyEvent, this);
+    control->PushEventHandler(this);
+}
+
+CwxControlHolder::~CwxControlHolder()
+{
+    RevokeHandles();
+    if (m_control)
+        TakeOff(*m_control, *this);
+    if (wxTheApp)
+        wxPendingDelete.DeleteObject(this);
+}
+
+// wx goes on using a handler after an event: in the middle of one the deletion waits.
+void CwxControlHolder::Dispose()
+{
+    if (m_deliveries.PutOffDeletion(*this))
+        Silence();
+    else
+        delete this;
+}
+
+// Each branch may end this object and its control.
+bool CwxControlHolder::ProcessEvent(wxEvent& event)
+{
+    if (!m_control)
+        return wxEvtHandler::ProcessEvent(event);
+    const CDeliveryCount::CDelivery delivery(m_deliveries);
+    const wxEventType type = event.GetEventType();
+    if (IsTabPress(event)) {
+        if (wxWindow* const parent = m_control->GetParent())
+            parent->GetEventHandler()->ProcessEvent(event);
+        return true;
+    }
+    if (type == wxEVT_NAVIGATION_KEY) {
+        ForwardNavigation(*m_control, static_cast<wxNavigationKeyEvent&>(event));
+        return true;
+    }
+    if (type == wxEVT_DESTROY && event.GetEventObject() == m_control && !m_autoDelete)
+        return ProcessDestroy(event);
+    return wxEvtHandler::ProcessEvent(event);
+}
+
+// A control must not die with a handler on its stack. When this one was called from above as a member of the
+// stack, those below would not hear of the end any more, so they are called from here.
+bool CwxControlHolder::ProcessDestroy(wxEvent& event)
+{
+    wxWindow& control = *m_control;
+    wxEvtHandler* const below = event.ShouldProcessOnlyIn(this) ? GetNextHandler() : nullptr;
+    const bool processed = wxEvtHandler::ProcessEvent(event);
+    TakeOff(control, *this);
+    return processed || (below && below->ProcessEventLocally(event));
+}
+
+void CwxControlHolder::destroyEvent(wxWindowDestroyEvent& event)
+{
+    if (event.GetEventObject() != m_control)
+        return;
+    if (m_autoDelete) {
+        delete this;
+        return;
+    }
+    m_control = nullptr;
+    event.Skip();
+}
+
+void CwxControlHolder::focusInEvent(wxFocusEvent& event)
+{
+    ForgetDeadWindow();
+    ReportFocusIn(event);
+}
+
+void CwxControlHolder::focusOutEvent(wxFocusEvent& event)
+{
+    ForgetDeadWindow();
+    ReportFocusOut(event);
+}
+
+void CwxControlHolder::ForgetDeadWindow()
+{
+    if (m_notifyLife && !m_notifyLife->IsAlive())
+        m_notify = nullptr;
+}
+
+// ---- what wrapped controls share
+
+bool FireFrom(ICustomControl& control, wxEvent& event, const std::type_info& type, NotifyHandler handler,
+              CEvent& record)
+{
+    record.sender = &control;
+    const CLifeWatch alive = control.WatchLife();
+    CallOut([&] { control.FireEvent(type, handler, &record, true); });
+    if (alive.IsAlive())
+        return true;
+    event.Skip(false);
+    event.StopPropagation();
+    return false;
+}
+
+void ReportChildFocus(ICustomControl& control, IChildFocusNotify* const& notify, wxFocusEvent& event)
+{
+    const bool in = event.GetEventType() == wxEVT_SET_FOCUS;
+    const CLifeWatch alive = control.WatchLife();
+    CallOut([&] {
+        (in ? control.focus_in_signal : control.focus_out_signal).emit(&control);
+        if (!alive.IsAlive() || !notify)
+            return;
+        if (in)
+            notify->OnChildFocusIn(event);
+        else
+            notify->OnChildFocusOut(event);
+    });
+    event.Skip(alive.IsAlive() && control.GetNativeHandle()); // wx uses the control after a skipped event
+}
+
+bool IsTabPress(const wxEvent& event)
+{
+    return event.GetEventType() == wxEVT_KEY_DOWN &&
+           static_cast<const wxKeyEvent&>(event).GetKeyCode() == WXK_TAB;
+}
+
+void ForwardNavigation(wxWindow& control, wxNavigationKeyEvent& event)
+{
+    const wxWeakRef<wxWindow> parent(control.GetParent());
+    if (!parent)
+        return;
+    const bool backward = !event.GetDirection();
+    const wxWindow* const self = &control; // maybe gone when the parent is through; then it has no focus
+    parent->GetEventHandler()->ProcessEvent(event);
+    if (!parent || wxWindow::FindFocus() != self)
+        return;
+    wxKeyEvent tab(wxEVT_KEY_DOWN);
+    tab.SetId(parent->GetId());
+    tab.SetEventObject(parent);
+    tab.m_keyCode = WXK_TAB;
+    tab.SetShiftDown(backward);
+    parent->GetEventHandler()->ProcessEvent(tab);
+}
+
+void AdoptLayoutDirection(wxWindow* control)
+{
+    const auto* const app = dynamic_cast<const wxApp*>(wxTheApp);
+    if (control && app && app->GetLayoutDirection() == wxLayout_RightToLeft)
+        control->SetLayoutDirection(wxLayout_RightToLeft);
+}
+
+// ---- factories
+
+CHandle<ICustomControl> CreateCustomControl(wxWindow* control, ISysWindow* parent, bool autoDelete)
+{
+    auto* const window = dynamic_cast<CwxSysWindow*>(parent);
+    const bool diesWithControl = autoDelete && control; // else nobody would ever delete it
+    auto* const holder =
+        new CwxControlHolder(control, window ? &window->GetChildFocusNotify() : nullptr, diesWithControl);
+    if (window)
+        holder->SetNotifyLife(window->WatchLife());
+    if (diesWithControl)
+        holder->SetCounted(false);
+    return CHandle<ICustomControl>(holder);
+}
+
+void* GetControlHandle(wxWindow* window)
+{
+    const CwxSysWindow* const wrapper = GetWrapper(window);
+    const INativeControl* const native = wrapper ? wrapper->GetNativeControl() : nullptr;
+    return native ? native->GetHandle() : nullptr;
+}
+
+} // namespace vela7

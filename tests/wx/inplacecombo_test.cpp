@@ -1,0 +1,117 @@
+// The in-place combo box: what it does not share with the edit.
+#include "controlhelpers.h"
+#include "vela7/wxinplacecombo.h"
+
+#include <gmock/gmock.h>
+#include <gtk/gtk.h>
+
+using namespace vela7;
+using namespace vela7::test;
+
+class InplaceCombo : public EditAndCombo
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_NO_FATAL_FAILURE(EditAndCombo::SetUp());
+        combo = static_cast<IInplaceComboBox*>(text.Get());
+        for (const char* item : {"one", "two", "three"})
+            combo->SetString(item, -1);
+    }
+
+    IInplaceComboBox* combo = nullptr;
+};
+
+INSTANTIATE_TEST_SUITE_P(, InplaceCombo, testing::Values(true), [](const auto&) { return "Real"; });
+
+TEST_P(InplaceCombo, PositionItemsAndText)
+{
+    int sizes = 0;
+    control->Bind(wxEVT_SIZE, [&](wxSizeEvent& e) { ++sizes, e.Skip(); });
+    combo->SetPos(20, 20, 100, 27); // 7 high
+    combo->SetPos(10, 10, 150, 40); // where it is
+    EXPECT_EQ(0, sizes);
+    combo->SetPos(20, 20, 100, 50);
+    EXPECT_EQ(1, sizes);
+    EXPECT_EQ(rectangle<int>(20, 20, 100, 50), combo->GetPos());
+
+    combo->SetString("ONE", 0);
+    EXPECT_EQ("ONE", combo->GetString(0));
+    combo->DeleteString(1);
+    EXPECT_EQ("three", combo->GetString(1));
+    EXPECT_EQ(2, combo->GetCount());
+    EXPECT_EQ(-1, combo->GetCurrentItem());
+    combo->SetCurrentItem(1);
+    EXPECT_EQ(1, combo->GetCurrentItem());
+    EXPECT_EQ(5, combo->GetTextLen());
+    combo->SelectAll();
+    Tap(GDK_KEY_x);
+    EXPECT_EQ("x", combo->GetText());
+    combo->SetText("some text");
+    static_cast<CwxInplaceCombo*>(combo)->wxTextEntry::SetSelection(2, 4);
+    EXPECT_EQ("some text", combo->GetSelectedText());
+    combo->SetFramed(true);
+    combo->SetEditable(false);
+    EXPECT_FALSE(combo->GetFramed() || combo->GetEditable());
+    Tap(GDK_KEY_y);
+    EXPECT_EQ("some text", combo->GetText());
+    combo->Clear();
+    combo->DeleteString(0); // indexes out of range are wx's to complain of
+    combo->SetString("none", 7);
+    EXPECT_EQ("", combo->GetString(7) + combo->GetText());
+    EXPECT_EQ(0, combo->GetCount());
+    ExpectAsserts(2);
+}
+
+TEST_P(InplaceCombo, OnlyChoosing)
+{
+    const CHandle<IInplaceComboBox> list = window->CreateInplaceComboBox(false);
+    EXPECT_FALSE(list->GetEditable());
+    EXPECT_EQ(0x80450, static_cast<wxWindow*>(list->GetNativeHandle())->GetWindowStyleFlag() & 0x80470);
+    list->SetString("one", -1);
+    list->SetText("one");
+    list->SetText("unknown");
+    list->SetFocus();
+    Tap(GDK_KEY_x);
+    EXPECT_EQ("one", list->GetText());
+    list->Clear();
+    EXPECT_EQ("", list->GetText());
+    EXPECT_EQ(0, list->GetCount());
+}
+
+TEST_P(InplaceCombo, ChoosingIsReported)
+{
+    EditRecorder heard(*combo);
+    PointAt(control, 130, 15); // the button
+    Click();
+    ASSERT_TRUE(WaitFor([] { return gtk_grab_get_current() != nullptr; }, "an open list"));
+    Tap(GDK_KEY_Down);
+    Tap(GDK_KEY_Return);
+    ASSERT_TRUE(WaitFor([&] { return combo->GetCurrentItem() >= 0 && !gtk_grab_get_current(); }, "a choice"));
+    EXPECT_THAT(heard.Take(), testing::Contains("item " + std::to_string(combo->GetCurrentItem())).Times(1));
+
+    wxCommandEvent chosen(wxEVT_COMBOBOX);
+    chosen.SetInt(2);
+    EXPECT_TRUE(control->HandleWindowEvent(chosen)); // ends here
+    EXPECT_EQ(Lines{"item 2"}, heard.Take());
+    heard.DoIn("item", [&](CEvent*) { text.Reset(), Settle(); });
+    const CLifeWatch life = combo->WatchLife();
+    control->HandleWindowEvent(chosen);
+    EXPECT_TRUE(WaitFor([&] { return !life.IsAlive(); }, "the end of the combo box"));
+}
+
+TEST_P(InplaceCombo, ShowDropDownShowsNothing)
+{
+    int shown = 0;
+    control->Bind(wxEVT_COMBOBOX_DROPDOWN, [&](wxCommandEvent&) { ++shown; });
+    CPopupTimer& timer = CPopupTimer::Get();
+    combo->ShowDropDown(true);
+    combo->ShowDropDown(true);
+    EXPECT_TRUE(timer.IsRunning() && timer.GetInterval() == 50);
+    EXPECT_TRUE(WaitFor([&] { return !timer.IsRunning(); }, "the timer's only tick"));
+    combo->ShowDropDown(true);
+    text.Reset();
+    EXPECT_TRUE(timer.IsRunning());
+    EXPECT_TRUE(WaitFor([&] { return !timer.IsRunning(); }, "the timer's only tick"));
+    EXPECT_EQ(0, shown);
+}
