@@ -1,52 +1,16 @@
 #include "common.h"
+#include "contract/recorder.h"
 #include "fakesystem.h"
 #include "fakewindow.h"
 #include "vela7/customcontrol.h"
 
 #include <functional>
-#include <optional>
 
 using namespace vela7;
 using namespace vela7::seam;
+using test::Recorder;
 
 namespace {
-
-// Hears everything, writes it down and does what the test wants.
-struct Ear : Listening<IDrawingNotify, IMouseNotify, IKeyboardNotify, IFocusNotify, IWindowNotify,
-                       ITabTraversalNotify, IContextMenuNotify>
-{
-    using Listening::Listening;
-
-    Lines heard;
-    std::function<void(CEvent*)> action = [](CEvent*) {};
-
-    void OnDraw(CDrawEvent* e) override { Hear("OnDraw", e); }
-    void OnMousePress(CMouseEvent* e) override { Hear("OnMousePress", e); }
-    void OnMouseRelease(CMouseEvent* e) override { Hear("OnMouseRelease", e); }
-    void OnMouseDoubleClick(CMouseEvent* e) override { Hear("OnMouseDoubleClick", e); }
-    void OnMouseMove(CMouseEvent* e) override { Hear("OnMouseMove", e); }
-    void OnMouseWheel(CMouseWheelEvent* e) override { Hear("OnMouseWheel", e); }
-    void OnMouseEnter(CMouseEvent* e) override { Hear("OnMouseEnter", e); }
-    void OnMouseLeave(CMouseEvent* e) override { Hear("OnMouseLeave", e); }
-    void OnKeyPress(CKeyboardEvent* e) override { Hear("OnKeyPress", e); }
-    void OnKeyRelease(CKeyboardEvent* e) override { Hear("OnKeyRelease", e); }
-    void OnChar(CKeyboardEvent* e) override { Hear("OnChar", e); }
-    void OnGetFocus(CEvent* e) override { Hear("OnGetFocus", e); }
-    void OnReleaseFocus(CEvent* e) override { Hear("OnReleaseFocus", e); }
-    void OnMove(CWindowEvent* e) override { Hear("OnMove", e); }
-    void OnResize(CWindowEvent* e) override { Hear("OnResize", e); }
-    void OnSysColorChanged(CEvent* e) override { Hear("OnSysColorChanged", e); }
-    void OnDestroy(CEvent* e) override { Hear("OnDestroy", e); }
-    void OnContextMenu(CContextMenuEvent* e) override { Hear("OnContextMenu", e); }
-    void OnTabTraversal(CKeyboardEvent* e) override { Hear("OnTabTraversal", e); }
-
-    void Hear(const char* name, CEvent* event)
-    {
-        heard.push_back(name);
-        const auto now = action; // it may be replaced meanwhile
-        now(event);
-    }
-};
 
 enum Hides
 {
@@ -55,38 +19,36 @@ enum Hides
     outside
 }; // the tip; outside: unless the mouse is on it
 
-// Hands a fresh record over; answers whether it may pass on.
+// Hands a fresh record over.
 template <class Record>
-std::optional<bool> Call(FakeWindow& window, void (CSysWindow::*hook)(Record*))
+void Call(FakeWindow& window, void (CSysWindow::*hook)(Record*))
 {
     Record record;
+    record.sender = &window;
     (window.*hook)(&record);
-    return record.passOn;
 }
 
-using Passed = std::optional<bool>; // nothing: the window makes the record itself
-
 // clang-format off
-const struct Hook { std::string fires; Hides hides; Passed (*call)(FakeWindow&); } hooks[] = {
-    {"OnMousePress",       outside, [](auto& w) { return Call(w, &CSysWindow::ProcessMousePress); }},
-    {"OnMouseRelease",     no,      [](auto& w) { return Call(w, &CSysWindow::ProcessMouseRelease); }},
-    {"OnMouseDoubleClick", no,      [](auto& w) { return Call(w, &CSysWindow::ProcessMouseDoubleClick); }},
-    {"OnMouseMove",        no,      [](auto& w) { return Call(w, &CSysWindow::ProcessMouseMove); }},
-    {"OnMouseWheel",       yes,     [](auto& w) { return Call(w, &CSysWindow::ProcessWheel); }},
-    {"OnMouseEnter",       no,      [](auto& w) { return Call(w, &CSysWindow::ProcessEnter); }},
-    {"OnMouseLeave",       outside, [](auto& w) { return Call(w, &CSysWindow::ProcessLeave); }},
-    {"OnKeyPress",         yes,     [](auto& w) { return Call(w, &CSysWindow::ProcessKeyPress); }},
-    {"OnKeyRelease",       no,      [](auto& w) { return Call(w, &CSysWindow::ProcessKeyRelease); }},
-    {"OnChar",             no,      [](auto& w) { return Call(w, &CSysWindow::ProcessChar); }},
-    {"OnMove",             no,      [](auto& w) { return Call(w, &CSysWindow::ProcessMove); }},
-    {"OnResize",           no,      [](auto& w) { return Call(w, &CSysWindow::ProcessResize); }},
-    {"OnContextMenu",      no,      [](auto& w) { return Call(w, &CSysWindow::ProcessContextMenu); }},
-    {"OnGetFocus",         no,      [](auto& w) { return w.ProcessGetFocus(), Passed(); }},
-    {"OnReleaseFocus",     yes,     [](auto& w) { return w.ProcessReleaseFocus(), Passed(); }},
-    {"OnDraw",             no,      [](auto& w) { return w.ProcessPaint(nullptr), Passed(); }},
-    {"OnSysColorChanged",  no,      [](auto& w) { return w.ProcessSysColorChanged(), Passed(); }},
-    {"OnTabTraversal",     no,      [](auto& w) { return w.CircuitTabTraversal(true), Passed(); }},
-    {"OnDestroy",          yes,     [](auto& w) { return w.ProcessDestroy(), Passed(); }},
+const struct Hook { std::string fires; Hides hides; void (*call)(FakeWindow&); } hooks[] = {
+    {"press",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessMousePress); }},
+    {"release", no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseRelease); }},
+    {"double",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseDoubleClick); }},
+    {"motion",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseMove); }},
+    {"wheel",   yes,     [](auto& w) { Call(w, &CSysWindow::ProcessWheel); }},
+    {"enter",   no,      [](auto& w) { Call(w, &CSysWindow::ProcessEnter); }},
+    {"leave",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessLeave); }},
+    {"keydown", yes,     [](auto& w) { Call(w, &CSysWindow::ProcessKeyPress); }},
+    {"keyup",   no,      [](auto& w) { Call(w, &CSysWindow::ProcessKeyRelease); }},
+    {"char",    no,      [](auto& w) { Call(w, &CSysWindow::ProcessChar); }},
+    {"move",    no,      [](auto& w) { Call(w, &CSysWindow::ProcessMove); }},
+    {"resize",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessResize); }},
+    {"menu",    no,      [](auto& w) { Call(w, &CSysWindow::ProcessContextMenu); }},
+    {"focus",   no,      [](auto& w) { w.ProcessGetFocus(); }},
+    {"unfocus", yes,     [](auto& w) { w.ProcessReleaseFocus(); }},
+    {"draw",    no,      [](auto& w) { w.Paint(); }},
+    {"colours", no,      [](auto& w) { w.ProcessSysColorChanged(); }},
+    {"tab",     no,      [](auto& w) { w.CircuitTabTraversal(true); }},
+    {"destroy", yes,     [](auto& w) { w.ProcessDestroy(); }},
 };
 // clang-format on
 
@@ -100,14 +62,14 @@ TEST(WindowHooks, FireTheirOwnOperationUntilHandled)
             if (passOn)
                 window.SetTooltip(nullptr);
             window.TrackTooltip(1, 1, "tip"); // without system: comes to nothing
-            Ear first(window), second(window);
-            IEventSender* sender = nullptr;
-            first.action = [&](CEvent* event) { event->passOn = passOn, sender = event->sender; };
-            const Passed passed = hook.call(window);
-            EXPECT_EQ(passed.value_or(passOn), passOn);
-            EXPECT_EQ(sender, passed ? nullptr : &window);
-            EXPECT_EQ(first.heard, Lines{hook.fires});
-            EXPECT_EQ(second.heard, passOn ? first.heard : Lines{});
+            Recorder first(&window), second(&window);
+            first.HearAll();
+            second.HearAll();
+            first.Do([&](CEvent& event) { event.passOn = passOn; });
+            hook.call(window);
+            EXPECT_EQ(first.Count(hook.fires), 1);
+            EXPECT_EQ(first.Take().size(), 1U);
+            EXPECT_EQ(second.Take().size(), passOn ? 1U : 0U);
         }
 }
 
@@ -119,15 +81,18 @@ TEST(WindowHooks, MayDestroyTheWindow)
         auto* const window = new FakeWindow;
         window->SetCursor(crHand);
         window->TrackTooltip(1, 1, "tip");
-        Ear first(*window), second(*window);
-        first.action = [&](CEvent*) {
-            first.action = [](CEvent*) {};
+        Recorder first(window), second(window);
+        first.HearAll();
+        second.HearAll();
+        first.Do([&](CEvent&) {
+            first.Do({});
             delete window;
-        };
+        });
         hook.call(*window);
         // A press gives the focus first, so that the window is gone before the press is fired.
-        EXPECT_EQ(first.heard.front(), hook.fires == "OnMousePress" ? "OnGetFocus" : hook.fires);
-        EXPECT_EQ(second.heard, hook.fires == "OnDestroy" ? Lines{} : Lines{"OnDestroy"});
+        const Lines heard = first.Take();
+        EXPECT_EQ(heard.front().find(hook.fires == "press" ? "focus" : hook.fires), 0U);
+        EXPECT_EQ(second.Take(), hook.fires == "destroy" ? Lines{} : Lines{"destroy"});
         EXPECT_TRUE(system.Timers().empty());
     }
 }
@@ -135,13 +100,13 @@ TEST(WindowHooks, MayDestroyTheWindow)
 TEST(Window, ActsBeforeItReports)
 {
     FakeWindow window;
-    Ear ear(window);
+    Recorder ear(&window);
+    ear.HearAll();
     // clang-format off
     const struct { const char* what; std::function<void()> act; Lines asked; } table[] = {
         {"resized",             [&] { window.Resize(30, 20); },                                  {"Invalidate 0 0 30 20"}},
         {"update switched off", [&] { window.SetUpdateOnResize(false), window.Resize(4, 2); },   {}},
-        {"no cursor",           [&] { window.ProcessEnter(nullptr); },                           {}},
-        {"a cursor",            [&] { window.SetCursor(crHand), window.ProcessEnter(nullptr); }, {"ShowCursor 12", "ShowCursor 12"}},
+        {"a cursor",            [&] { window.SetCursor(crHand), Call(window, &CSysWindow::ProcessEnter); }, {"ShowCursor 12", "ShowCursor 12"}},
         {"popup pressed",       [&] { window.SetPopup(1), window.MousePress(1, 1); },            {}},
         {"pressed",             [&] { window.SetPopup(0), window.MousePress(1, 1); },            {"SetFocus"}},
         {"has the focus",       [&] { window.MousePress(1, 1); },                                {}},
@@ -150,10 +115,10 @@ TEST(Window, ActsBeforeItReports)
     // clang-format on
     for (const auto& row : table) {
         Lines asked; // by the time of the first report
-        ear.action = [&](CEvent*) {
+        ear.Do([&](CEvent&) {
             asked = window.asked.Take();
-            ear.action = [](CEvent*) {};
-        };
+            ear.Do({});
+        });
         row.act();
         EXPECT_EQ(asked, row.asked) << row.what;
     }
@@ -162,14 +127,15 @@ TEST(Window, ActsBeforeItReports)
 TEST(Window, IsDestroyedOnceAndQuietly)
 {
     FakeWindow window;
-    Ear first(window), second(window);
-    first.action = [&](CEvent*) {
+    Recorder first(&window);
+    first.HearAll();
+    first.Do([&](CEvent&) {
         EXPECT_TRUE(window.IsDestroyed());
         window.ProcessDestroy();
         throw 7;
-    };
+    });
     window.ProcessDestroy();
-    EXPECT_EQ(first.heard, Lines{"OnDestroy"});
+    EXPECT_EQ(first.Take(), Lines{"destroy"});
     window.TrackTooltip(9, 9, "late");
     EXPECT_EQ(window.tooltip.text, "");
 }
@@ -204,10 +170,11 @@ TEST(Tooltip, WaitsForItsDelay)
 TEST(Tooltip, IsShownOnlyWhenItMay)
 {
     // clang-format off
-    const struct { const char* what; int delay; const char* text; bool active, enabled, shown; } table[] = {
+    const struct { const char* what; int delay; const char* text; bool active, enabled, shown; ITooltip::LayerMode layer = ITooltip::lmNormal; } table[] = {
         {"delay 0",      0, "tip", true,  true,  true},  {"delay -5",    -5, "tip", true, true,  true},
         {"no text",      0, "",    true,  true,  false}, {"not enabled",  0, "tip", true, false, false},
         {"not active",   0, "tip", false, true,  false}, {"delay 1",      1, "tip", true, true,  false},
+        {"own layer",    0, "",    true,  true,  true, ITooltip::lmCustom},
     };
     // clang-format on
     for (const auto& row : table) {
@@ -216,15 +183,10 @@ TEST(Tooltip, IsShownOnlyWhenItMay)
         system.appActive = row.active;
         window.SetTooltipDelay(row.delay);
         window.SetEnableTooltip(row.enabled);
+        window.tooltip.SetLayerMode(row.layer, true);
         window.TrackTooltip(7, 8, row.text);
         EXPECT_EQ(window.IsTooltipVisible(), row.shown) << row.what;
     }
-    FakeSystem system;
-    FakeWindow window;
-    window.SetTooltipDelay(0);
-    window.tooltip.SetLayerMode(ITooltip::lmCustom, true);
-    window.TrackTooltip(7, 8, ""); // its layer is what is shown
-    EXPECT_TRUE(window.IsTooltipVisible());
 }
 
 TEST(Tooltip, HooksThatHideIt)
@@ -298,11 +260,12 @@ TEST(TabTraversal, GoesRoundTheUsableStops)
 TEST(TabTraversal, IsUpToTheListenersFirst)
 {
     FakeWindow window;
-    Ear ear(window);
+    Recorder ear(&window);
+    ear.HearAll();
     std::string asked;
     Stop stop('o', 0, asked);
     window.AddTabStop(&stop);
-    ear.action = [&](CEvent* event) { event->passOn = static_cast<CKeyboardEvent*>(event)->state == 0x100; };
+    ear.Do([](CEvent& event) { event.passOn = static_cast<CKeyboardEvent&>(event).state == 0x100; });
     window.CircuitTabTraversal(false);
     EXPECT_EQ(asked, "0");
     window.CircuitTabTraversal(true); // kept from moving

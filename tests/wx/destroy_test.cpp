@@ -1,5 +1,5 @@
-// A listener may destroy the window, what is above or below it, or end any subscription, from inside every
-// notification.
+// A listener may destroy the window, what is above or below it, end any subscription or throw, from inside
+// every notification.
 #include "windowhelpers.h"
 
 #include <gdk/gdkkeysyms.h>
@@ -14,8 +14,9 @@ namespace {
 class Destroying : public WindowTest
 {
 public:
-    // A new scene on the old frame, or on a new one if that is gone.
-    void Renew(bool isChild = true)
+    // A new scene on the old frame, or on a new one if that is gone. A window that is no child fills its
+    // parent.
+    void Renew(bool isChild)
     {
         ReleaseAll();
         if (frame) {
@@ -54,9 +55,10 @@ void Focus(Destroying& s)
 void Nothing(Destroying&) {}
 
 template <class Event>
-void Send(Destroying& s, Event event)
+void Send(wxWindow* window, Event event)
 {
-    s.native->HandleWindowEvent(event);
+    event.SetEventObject(window);
+    window->HandleWindowEvent(event);
 }
 
 struct Hook
@@ -64,6 +66,7 @@ struct Hook
     const char* name;
     void (*prepare)(Destroying&);
     void (*provoke)(Destroying&);
+    bool isChild = true;
 };
 
 struct Victim
@@ -96,12 +99,16 @@ const Hook hooks[] = {
     {"focus",   Point,                                         [](Destroying&) { Press(); }},
     {"unfocus", Focus,                                         [](Destroying& s) { s.other->SetFocus(); }},
     {"unfocus", Focus,                                         [](Destroying& s) { s.window->SetVisible(false); }},
-    {"move",    Nothing,                                       [](Destroying& s) { Send(s, wxMoveEvent(wxPoint(1, 2))); }},
+    {"move",    Nothing,                                       [](Destroying& s) { Send(s.native, wxMoveEvent(wxPoint(1, 2))); }},
     {"resize",  Nothing,                                       [](Destroying& s) { s.window->SetWindowRect(20, 10, 100, 80, true); }},
     {"draw",    Nothing,                                       [](Destroying& s) { s.window->Refresh(0, 0, 200, 100, false); }},
     {"draw",    Nothing,                                       [](Destroying& s) { s.window->Invalidate(0, 0, 200, 100); Settle(); }},
-    {"colours", Nothing,                                       [](Destroying& s) { Send(s, wxSysColourChangedEvent()); }},
+    {"colours", Nothing,                                       [](Destroying& s) { Send(s.native, wxSysColourChangedEvent()); }},
     {"destroy", Nothing,                                       [](Destroying& s) { s.native->Destroy(); }},
+    // The window that fills its parent hears of some things through a handler on the parent.
+    {"resize",  Nothing,                                       [](Destroying& s) { s.panel->SetSize(300, 150); }, false},
+    {"focus",   Nothing,                                       [](Destroying& s) { Send(s.panel, wxFocusEvent(wxEVT_SET_FOCUS)); }, false},
+    {"destroy", Nothing,                                       [](Destroying& s) { s.native->Destroy(); }, false},
 };
 
 const Victim victims[] = {
@@ -112,6 +119,7 @@ const Victim victims[] = {
     {"frame",     true,  [](Destroying& s, Recorder&, Recorder&) { s.frame->Destroy(); }},
     {"child",     false, [](Destroying& s, Recorder&, Recorder&) { Native(s.child)->Destroy(); }},
     {"listeners", false, [](Destroying&, Recorder& first, Recorder& second) { first.Forget(); second.Forget(); }},
+    {"thrown",    false, [](Destroying&, Recorder&, Recorder&) { throw std::runtime_error("a listener's"); }},
 };
 // clang-format on
 
@@ -143,7 +151,7 @@ TEST_P(DestroyingInEveryHook, IsSafe)
         if (endsAnyway && Is(victim.name, "deleted"))
             continue; // C++ has no answer to that
         SCOPED_TRACE(hook.name + std::string(" in row ") + std::to_string(&hook - hooks));
-        Renew();
+        Renew(hook.isChild);
         Recorder first(window), second(window);
         const CLifeWatch life = window->WatchLife();
         hook.prepare(*this);
@@ -161,11 +169,12 @@ TEST_P(DestroyingInEveryHook, IsSafe)
         EXPECT_EQ(!victim.windowDies && !endsAnyway, life.IsAlive());
         EXPECT_EQ(victim.windowDies || endsAnyway ? 1 : 0, first.Count("destroy"));
         EXPECT_TRUE(!Is(victim.name, "listeners") || second.Count(hook.name) == 0);
+        ExpectFaults(Fault::loop, Is(victim.name, "thrown") && !endsAnyway ? 1 : 0, "a listener's");
         if (life.IsAlive())
             window->Refresh(0, 0, 200, 100, true);
         TakeFocusComplaints(hook.name);
     }
-    Renew(); // and the frame works on
+    Renew(true); // and the frame works on
     Recorder heard(window);
     heard.Hear<IMouseNotify>();
     Point(*this);
@@ -175,58 +184,3 @@ TEST_P(DestroyingInEveryHook, IsSafe)
 
 INSTANTIATE_TEST_SUITE_P(, DestroyingInEveryHook, testing::ValuesIn(victims),
                          [](const auto& info) { return std::string(info.param.name); });
-
-// The window that fills its parent hears of resizes and focus through a handler on the parent.
-TEST_F(Destroying, FillingWindow)
-{
-    struct Row
-    {
-        const char* hook;
-        void (*provoke)(wxPanel* panel);
-    };
-    // clang-format off
-    const Row rows[] = {
-        {"resize",  [](wxPanel* p) { p->SetSize(300, 150); }},
-        {"focus",   [](wxPanel* p) { wxFocusEvent e(wxEVT_SET_FOCUS); e.SetEventObject(p); p->HandleWindowEvent(e); }},
-        {"destroy", [](wxPanel* p) { p->GetChildren()[0]->Destroy(); }},
-    };
-    // clang-format on
-    for (const Victim& victim : victims)
-        for (const Row& row : rows) {
-            if (Is(victim.name, "deleted") && Is(row.hook, "destroy"))
-                continue; // in the middle of its end
-            SCOPED_TRACE(row.hook + std::string(" and ") + victim.name);
-            Renew(false);
-            Recorder first(window), second(window);
-            first.HearAll();
-            second.HearAll();
-            int calls = 0;
-            first.DoIn(row.hook, [&](CEvent&) {
-                if (calls++ == 0)
-                    victim.kill(*this, first, second);
-            });
-            row.provoke(panel);
-            Settle();
-            EXPECT_GE(calls, 1);
-            EXPECT_EQ(victim.windowDies || Is(row.hook, "destroy") ? 1 : 0, first.Count("destroy"));
-            TakeFocusComplaints(row.hook);
-        }
-}
-
-TEST_F(Destroying, ThrowingInEveryHook)
-{
-    for (const Hook& hook : hooks) {
-        SCOPED_TRACE(hook.name + std::string(" in row ") + std::to_string(&hook - hooks));
-        Renew();
-        Recorder heard(window);
-        hook.prepare(*this);
-        heard.HearAll();
-        heard.DoIn(hook.name, [](CEvent&) { throw std::runtime_error("a listener's"); });
-        hook.provoke(*this);
-        ReleaseAll();
-        Settle();
-        const int count = heard.Count(hook.name);
-        EXPECT_GE(count, 1);
-        ExpectFaults(Fault::loop, Is(hook.name, "destroy") ? 0 : count, "a listener's");
-    }
-}

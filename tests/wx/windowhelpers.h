@@ -1,12 +1,15 @@
-// What the tests of toolkit windows share: a window to listen to.
+// What the tests of toolkit windows and pictures share: a window to listen to, a picture to look at.
 #pragma once
 
 #include "contract/recorder.h"
 #include "support/fixture.h"
+#include "support/pixels.h"
 #include "vela7/painter.h"
 #include "vela7/velawxwindow.h"
+#include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyswindow.h"
 
+#include <wx/image.h>
 #include <wx/panel.h>
 
 namespace vela7::test {
@@ -53,5 +56,54 @@ protected:
     wxWindow* native = nullptr;
     int below = 0;
 };
+
+// ---- pictures; colours as 0xRRGGBB
+
+constexpr unsigned char Byte(std::uint32_t colour, int shift)
+{
+    return static_cast<unsigned char>(colour >> shift);
+}
+
+constexpr _color Toolkit(std::uint32_t colour)
+{
+    return _color(Byte(colour, 16), Byte(colour, 8), Byte(colour, 0));
+}
+
+// Of a pixel of the sample picture.
+constexpr std::uint32_t ColourOf(int x, int y)
+{
+    return static_cast<std::uint32_t>((x * 11 & 0xff) << 16 | (y * 23 & 0xff) << 8 | ((x + y) * 5 & 0xff));
+}
+
+// No two pixels alike, unless it is very large.
+inline CHandle<CwxRasterPicture> SamplePicture(int width, int height)
+{
+    wxImage image(width, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.SetRGB(x, y, Byte(ColourOf(x, y), 16), Byte(ColourOf(x, y), 8), Byte(ColourOf(x, y), 0));
+    CHandle<CwxRasterPicture> result(new CwxRasterPicture(size<int>(width, height)));
+    Bitmap2RasterPicture(wxBitmap(image), result.Get());
+    return result;
+}
+
+inline void FillPicture(CwxRasterPicture& picture, const _color& color, const rectangle<int>& area)
+{
+    IPainter& painter = *picture.TakeDefPainter();
+    const CPaintScope scope(painter);
+    painter.SetBrush(brush{color, bsSolid});
+    painter.FillRect(area.left, area.top, area.right, area.bottom);
+}
+
+// The smallest with all pixels of other colours than this.
+inline wxRect BoxOfOthers(const Pixels& pixels, std::uint32_t colour)
+{
+    wxRect box;
+    for (int y = 0; y < pixels.Height(); ++y)
+        for (int x = 0; x < pixels.Width(); ++x)
+            if (pixels.At(x, y) != colour)
+                box.Union(wxRect(x, y, 1, 1));
+    return box;
+}
 
 } // namespace vela7::test
