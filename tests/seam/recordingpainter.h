@@ -20,6 +20,7 @@ public:
     int charWidth = 8;
     int charHeight = 16;
     bool failToBegin = false;  ///< there is no device to paint on
+    bool fullRepaint = true;   ///< the last picture is gone
     bool keepLastCoord = true; ///< what DoSetLastCoord answers
     _color pixel;              ///< what GetPixel finds
 
@@ -35,6 +36,7 @@ public:
     void internalEndPaint() override;
     rectangle<int> GetDrawRect() override { return drawRect; }
     bool DoSetLastCoord() override { return keepLastCoord; }
+    bool IsFullRepaint() const override { return fullRepaint; }
     double internalGetDPIScale() const override { return m_hasDevice ? dpiScale : 1.0; }
     wxDC* GetDC() override { return nullptr; }
     void SetCanvas(ICanvas* canvas) override { m_canvas = canvas; }

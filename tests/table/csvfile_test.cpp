@@ -1,0 +1,193 @@
+// CSV files: what is accepted, what is refused, and the index against a parser that takes its time.
+
+#include "csvfile.h"
+#include "tempfile.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <sys/stat.h>
+#include <vector>
+
+using table::CsvFile;
+using table::RowReader;
+
+namespace {
+
+using Row = std::vector<std::string>;
+using Rows = std::vector<Row>;
+
+// The header and all rows.
+Rows Read(const CsvFile& file, std::string (RowReader::*as)(int, std::size_t) = &RowReader::Text)
+{
+    Rows all;
+    RowReader reader(file);
+    for (std::int64_t row = -1; row < std::int64_t(file.RowCount()); ++row) {
+        EXPECT_TRUE(reader.Go(row < 0 ? RowReader::header : std::uint32_t(row)));
+        all.emplace_back();
+        for (int column = 0; column < file.ColumnCount(); ++column)
+            all.back().push_back((reader.*as)(column, 1 << 21));
+    }
+    return all;
+}
+
+TEST(CsvFile, MakesTheBestOfWhatItGets)
+{
+    const std::string big(2 << 20, 'x');
+    // clang-format off
+    const struct { const char* what; std::string text; Rows rows; } cases[] = {
+        {"plain",              "a,b\n1,2\n",                  {{"a", "b"}, {"1", "2"}}},
+        {"no last newline",    "a,b\n1,2",                    {{"a", "b"}, {"1", "2"}}},
+        {"CRLF",               "a,b\r\n1,2\r\n",              {{"a", "b"}, {"1", "2"}}},
+        {"CR",                 "a,b\r1,2\r",                  {{"a", "b"}, {"1", "2"}}},
+        {"byte order mark",    "\xef\xbb\xbf" "a,b\n",        {{"a", "b"}}},
+        {"semicolons",         "a;b;c\n1,5;2;3\n",            {{"a", "b", "c"}, {"1,5", "2", "3"}}},
+        {"tabs",               "a\tb,\tc\n",                  {{"a", "b,", "c"}}},
+        {"quoted separators",  "\"a;b;c;d\",e\n\"1,2\",3\n",  {{"a;b;c;d", "e"}, {"1,2", "3"}}},
+        {"quoted newlines",    "a,b\n\"1\n\n2\",3\n4,5\n",    {{"a", "b"}, {"1  2", "3"}, {"4", "5"}}},
+        {"doubled quotes",     "a\n\"x\"\"y\"\"\"\n",         {{"a"}, {"x\"y\""}}},
+        {"text behind quotes", "a,b\n\"x\"y,z\n",             {{"a", "b"}, {"xy", "z"}}},
+        {"quote in the cell",  "a,b\n5\" disk,x\n",           {{"a", "b"}, {"5\" disk", "x"}}},
+        {"unbalanced quote",   "a,b\n\"x,y\n1,2\n",           {{"a", "b"}, {"\"x", "y"}, {"1", "2"}}},
+        {"endless quote",      "a\n\"x\n" + big + "\n\"\n",   {{"a"}, {"\"x"}, {big.substr(0, 1 << 21)}, {"\""}}},
+        {"ragged rows",        "a,b\n1\n1,2,3\n",             {{"a", "b", ""}, {"1", "", ""}, {"1", "2", "3"}}},
+        {"blank lines",        "\n\r\na\n\n\n1\n\n",          {{"a"}, {"1"}}},
+        {"only a header",      "a,b",                         {{"a", "b"}}},
+        {"NUL bytes",          std::string("a\0b,c\n", 6),    {{"a b", "c"}}},
+        {"UTF-8",              "\xc3\xa4,\xe2\x82\xac\n",     {{"\xc3\xa4", "\xe2\x82\xac"}}},
+        {"Latin-1",            "\xe4,\xff\n",                 {{"\xc3\xa4", "\xc3\xbf"}}},
+        {"overlong, surrogate", "\xc0\x80,\xed\xa0\x80\n",
+            {{"\xc3\x80\xc2\x80", "\xc3\xad\xc2\xa0\xc2\x80"}}},
+        {"only separators",    ",,\n,\n",                     {{"", "", ""}, {"", "", ""}}},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        const TempFile temp(c.text);
+        CsvFile file;
+        ASSERT_TRUE(temp.good && file.Open(temp.path)) << file.Error();
+        while (file.IndexSome(1))
+            continue;
+        EXPECT_EQ(Read(file), c.rows);
+    }
+}
+
+TEST(CsvFile, SaysWhyItCannotRead)
+{
+    const TempFile empty(""), blank("\n\r\n\n"),
+        wide("\xff\xfe"
+             "a\0"),
+        secret("a,b\n");
+    const std::string fifo = std::string(empty.path) + "_fifo";
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    ASSERT_EQ(chmod(secret.path, 0), 0);
+    const struct
+    {
+        std::string path, why;
+    } cases[] = {
+        {"/nowhere/x.csv", "No such file or directory"},
+        {"/tmp", "This is a directory, not a file"},
+        {fifo, "This is not an ordinary file"},
+        {empty.path, "The file is empty"},
+        {blank.path, "The file has no text in it"},
+        {wide.path, "The file is encoded in UTF-16; save it as UTF-8"},
+        {secret.path, "Permission denied"},
+    };
+    for (const auto& c : cases) {
+        if (c.path == secret.path && geteuid() == 0)
+            continue; // may read anything
+        CsvFile file;
+        EXPECT_FALSE(file.Open(c.path));
+        EXPECT_EQ(file.Error(), c.path + ": " + c.why);
+        EXPECT_FALSE(file.IndexSome());
+        EXPECT_EQ(file.RowCount(), 0u);
+    }
+    unlink(fifo.c_str());
+}
+
+TEST(CsvFile, ShortenedFileIsNotTouched)
+{
+    std::string text = "a,b\n";
+    while (text.size() < 100000)
+        text += "1,2\n";
+    const TempFile temp(text), other(text);
+    CsvFile read, unread;
+    ASSERT_TRUE(read.Open(temp.path) && unread.Open(other.path));
+    while (read.IndexSome())
+        continue;
+    unread.IndexSome(10);
+    ASSERT_EQ(truncate(temp.path, 3), 0);
+    ASSERT_EQ(truncate(other.path, 3), 0);
+    RowReader reader(read);
+    EXPECT_FALSE(reader.Go(20000));
+    EXPECT_EQ(reader.Text(0, 10), "");
+    EXPECT_FALSE(unread.IndexSome());
+    EXPECT_EQ(unread.Error(), "The file was shortened while it was read");
+}
+
+// Straight from the rules.
+Rows ParseSlowly(const std::string& text)
+{
+    Rows rows;
+    std::size_t at = 0;
+    const auto look = [&](std::size_t i) { return i < text.size() ? text[i] : '\n'; };
+    while (at < text.size()) {
+        if (look(at) == '\n' || (look(at) == '\r' && at + 1 < text.size() && look(at + 1) == '\n')) {
+            ++at;
+            continue;
+        }
+        Row row;
+        for (bool more = true; more;) {
+            std::string cell;
+            std::size_t close = std::string::npos;
+            if (look(at) == '"') {
+                for (close = at + 1; close < text.size() && (text[close] != '"' || look(close + 1) == '"');
+                     ++close)
+                    close += text[close] == '"';
+            }
+            if (close < text.size()) {
+                for (++at; at < close; at += text[at] == '"' ? 2 : 1)
+                    cell += text[at];
+                at = close + 1;
+            }
+            while (look(at) != ',' && look(at) != '\n')
+                cell += text[at++];
+            if (look(at) == '\n' && !cell.empty() && text[at - 1] == '\r')
+                cell.pop_back();
+            more = at < text.size() && text[at++] == ',';
+            row.push_back(cell);
+        }
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+TEST(CsvFile, AgreesWithASlowParser)
+{
+    std::mt19937 random(20240607);
+    const char* const pieces[] = {"a",   "b",  ",",  ",",    "\"",       "\"\"", ",\"",
+                                  "\",", "\n", "\n", "\r\n", "\xc3\xa4", "x y"};
+    for (int round = 0; round < 400; ++round) {
+        std::string text = "h,h,h,h\n";
+        for (int i = 0; i < 1 + round * 3; ++i)
+            text += pieces[random() % std::size(pieces)];
+        const TempFile temp(text);
+        CsvFile file;
+        ASSERT_TRUE(file.Open(temp.path));
+        while (file.IndexSome(1 + random() % 100))
+            continue;
+        Rows expected = ParseSlowly(text);
+        for (Row& row : expected)
+            row.resize(std::size_t(file.ColumnCount()));
+        ASSERT_EQ(Read(file, &RowReader::Bytes), expected) << testing::PrintToString(text);
+        RowReader reader(file);
+        for (int i = 0; i < 50 && file.RowCount() > 0; ++i) { // in any order
+            const std::uint32_t row = std::uint32_t(random()) % file.RowCount();
+            const int column = int(random() % unsigned(file.ColumnCount()));
+            ASSERT_TRUE(reader.Go(row));
+            ASSERT_EQ(reader.Bytes(column, 1000), expected[row + 1][std::size_t(column)]);
+        }
+    }
+}
+
+} // namespace
