@@ -245,7 +245,7 @@ void TipsPage::ShowSample(bool show)
     }
     OpenPicker(m_parts[3]);
     Window().SetTooltipDelay(0);
-    TrackTip(m_fields[1], {int(m_fields[1].box.right) - 650, int(m_fields[1].box.bottom) + 190});
+    TrackTip(m_fields[1], {4, int(m_fields[1].box.bottom) + 320}); // it may be as wide as the window
     Window().SetTooltipDelay(500);
 }
 
