@@ -245,7 +245,7 @@ void TipsPage::ShowSample(bool show)
     }
     OpenPicker(m_parts[3]);
     Window().SetTooltipDelay(0);
-    TrackTip(m_fields[1], {4, int(m_fields[1].box.bottom) + 320}); // it may be as wide as the window
+    TrackTip(m_fields[1], {-4, int(m_fields[1].box.bottom) + 320}); // it may be as wide as the window
     Window().SetTooltipDelay(500);
 }
 
