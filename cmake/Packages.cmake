@@ -8,6 +8,7 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 # What the libraries need of Debian's own packages is read from them. The reference wx is in no package, and our
 # base library not yet.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

@@ -40,6 +40,16 @@ void ReportUnhandled() noexcept
 
 } // namespace
 
+void CLock::Enter()
+{
+    m_mutex.Lock();
+}
+
+void CLock::Leave()
+{
+    m_mutex.Unlock();
+}
+
 CThreadRunner::CThreadRunner() : wxThread(wxTHREAD_JOINABLE) {}
 
 void CThreadRunner::Run(IRunnable* runnable)

@@ -12,8 +12,8 @@ namespace vela7 {
 class VELA7_WX_API CLock : public ILock
 {
 public:
-    void Enter() override { m_mutex.Lock(); }
-    void Leave() override { m_mutex.Unlock(); }
+    void Enter() override;
+    void Leave() override;
 
 private:
     wxMutex m_mutex{wxMUTEX_DEFAULT};
