@@ -68,6 +68,7 @@ CHandle<IImageList> MakeIcons(bool ownDisabled)
             texts.push_back(ownDisabled ? row + Outlined(row) : row); // twice as wide as high: both looks
         }
         std::vector<const char*> lines;
+        lines.reserve(texts.size());
         for (const std::string& text : texts)
             lines.push_back(text.c_str());
         list->AddXPM(XPMImage(lines.data()));

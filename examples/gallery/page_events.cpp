@@ -221,7 +221,7 @@ void EventsPage::DrawList(IPainter& painter, const Box& area, const Style& style
         return;
     const double rows = std::max(1.0, std::floor((area.bottom - top) / m_lineHeight)); // whole ones only
     const Box view{area.left, top, area.right, top + rows * m_lineHeight};
-    m_scroll.SetExtent(m_rows.size() * m_lineHeight, view.Height());
+    m_scroll.SetExtent(double(m_rows.size()) * m_lineHeight, view.Height());
     const auto first = std::size_t(m_scroll.Top() / m_lineHeight);
     const std::size_t end = std::min(m_rows.size(), first + std::size_t(rows) + 1);
     const Columns columns = MeasureColumns(painter, area.left + kMargin, first, end);
@@ -229,7 +229,7 @@ void EventsPage::DrawList(IPainter& painter, const Box& area, const Style& style
 
     painter.SetClipRect(view.left, view.top, view.right, view.bottom);
     for (std::size_t i = first; i < end; ++i) {
-        const double y = view.top + i * m_lineHeight - m_scroll.Top();
+        const double y = view.top + double(i) * m_lineHeight - m_scroll.Top();
         if (m_rows[i].number % 2 == 0)
             Fill(painter, {view.left, y, view.right, y + m_lineHeight}, style.shade);
         DrawRow(painter, m_rows[i], columns, y + 3, style);

@@ -1,5 +1,7 @@
 #include "style.h"
 
+#include <cmath>
+
 #include "vela7/palette.h"
 #include "vela7/system.h"
 
@@ -27,7 +29,7 @@ Style CurrentStyle()
 _color Mix(const _color& a, const _color& b, double share)
 {
     const auto channel = [share](int from, int to) {
-        return static_cast<unsigned char>(from + (to - from) * share + 0.5);
+        return static_cast<unsigned char>(std::lround(from + (to - from) * share));
     };
     return {channel(a.red, b.red), channel(a.green, b.green), channel(a.blue, b.blue)};
 }
