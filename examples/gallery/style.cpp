@@ -1,9 +1,9 @@
 #include "style.h"
 
-#include <cmath>
-
 #include "vela7/palette.h"
 #include "vela7/system.h"
+
+#include <cmath>
 
 namespace gallery {
 
