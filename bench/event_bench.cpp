@@ -36,9 +36,11 @@ private:
     wxDECLARE_EVENT_TABLE();
 };
 
-wxBEGIN_EVENT_TABLE(BareHandler, wxEvtHandler) EVT_MOTION(BareHandler::OnMotion) wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(BareHandler, wxEvtHandler)
+    EVT_MOTION(BareHandler::OnMotion)
+wxEND_EVENT_TABLE()
 
-    void Run(benchmark::State& state, wxWindow& window, const long& sum)
+void Run(benchmark::State& state, wxWindow& window, const long& sum)
 {
     wxMouseEvent event(wxEVT_MOTION);
     event.SetPosition(wxPoint(3, 4));
