@@ -42,6 +42,7 @@ void Run(benchmark::State& state, const int& done, Queue queue)
     const AllocationCounter counter(state);
     for (auto _ : state) {
         std::vector<std::thread> threads;
+        threads.reserve(kThreads);
         for (int i = 0; i < kThreads; ++i)
             threads.emplace_back([&queue] {
                 for (int n = 0; n < kEach; ++n)
