@@ -186,7 +186,4 @@ VELA7_WX_API bool IsTabPress(const wxEvent& event);
 /// Right-to-left in a right-to-left application; null is left alone.
 VELA7_WX_API void AdoptLayoutDirection(wxWindow* control);
 
-/// Declared here for the templates on this class; see wxsyswindow.h.
-VELA7_WX_API void UpdateWindowState(wxWindow* window);
-
 } // namespace vela7

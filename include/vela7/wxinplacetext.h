@@ -4,6 +4,7 @@
 #include "vela7/inplace.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxcustomcontrol.h"
+#include "vela7/wxsyswindow.h"
 
 #include <wx/combobox.h>
 #include <wx/textctrl.h>
@@ -93,6 +94,7 @@ public:
     void Deselect() override { W::SetSelection(0L, 0L); }
     // Kept by contract: font and alignment stay the native ones.
     void SetFont(const font&) override {}
+    using W::SetFont;
     void SetAlignment(IInplaceEdit::TextAlign) override {}
 
 protected:
