@@ -4,9 +4,11 @@
 /// draws it. The host makes the window and the page, and deletes the page; either may die first.
 #pragma once
 
+#include "vela7/customcontrol.h"
 #include "vela7/painter.h"
 #include "vela7/window.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -47,6 +49,16 @@ bool DrawElementByHand(vela7::IPainter& painter, vela7::ControlElement element,
 /// The animation in a GIF; empty when there is none. The host does it, since the toolkit has no animation
 /// files of its own.
 vela7::CHandle<vela7::IAnimation> LoadAnimation(const unsigned char* gif, std::size_t length);
+
+/// A native field for a number, with arrows.
+struct SpinControl
+{
+    vela7::CHandle<vela7::ICustomControl> control; ///< hidden at first; the field itself dies with its window
+    std::function<void(int)> setValue;             ///< not reported; the caret goes behind it
+};
+/// The host makes it, since the toolkit has none. changed hears of what the user enters, as long as the
+/// handle lives. The window gets the presses of Tab, Enter and Escape.
+SpinControl MakeSpinControl(vela7::ISysWindow& parent, int min, int max, std::function<void(int)> changed);
 
 /// In the order of the tabs.
 const std::vector<PageEntry>& AllPages();

@@ -12,6 +12,7 @@
     PAGE(Events,             "Events")           \
     PAGE(Focus,              "Focus")            \
     PAGE(PopupsAndTips,      "Popups and tips")  \
+    PAGE(Grid,               "Grid")             \
     PAGE(Threads,            "Threads")          \
     PAGE(ClipboardAndTimers, "Clipboard and timers")
 // clang-format on

@@ -35,7 +35,7 @@ constexpr KeyRow keys[] = {
     {kcControl,  GDK_KEY_Control_L}, {kcAlt,    GDK_KEY_Alt_L},  {kcEscape, GDK_KEY_Escape}, {kcPageUp, GDK_KEY_Page_Up},
     {kcPageDown, GDK_KEY_Page_Down}, {kcEnd,    GDK_KEY_End},    {kcHome,   GDK_KEY_Home},   {kcLeft,   GDK_KEY_Left},
     {kcUp,       GDK_KEY_Up},        {kcRight,  GDK_KEY_Right},  {kcDown,   GDK_KEY_Down},   {kcDelete, GDK_KEY_Delete},
-    {kcAdd,      GDK_KEY_KP_Add},    {kcF1,     GDK_KEY_F1},     {kcF12,    GDK_KEY_F12},
+    {kcAdd,      GDK_KEY_KP_Add},    {kcF1,     GDK_KEY_F1},     {kcF2,     GDK_KEY_F2},     {kcF12,    GDK_KEY_F12},
 };
 // clang-format on
 
