@@ -11,7 +11,8 @@
 class wxAnimation;
 class wxMenu;
 class wxWindow;
-typedef struct _GdkPixbufAnimationIter GdkPixbufAnimationIter;
+typedef struct _GdkPixbufAnimationIter
+    GdkPixbufAnimationIter; // NOLINT(bugprone-reserved-identifier): as in GTK
 
 namespace vela7 {
 namespace gtkport {

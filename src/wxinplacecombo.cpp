@@ -51,6 +51,7 @@ void CwxInplaceCombo::SetString(const std::string& text, int index)
 void CwxInplaceCombo::Clear()
 {
     const CLifeWatch alive = WatchLife();
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     wxTextEntry::SetValue(wxString()); // wx's own Clear leaves the text when only items may be chosen
     if (alive.IsAlive())
         wxItemContainer::Clear();

@@ -73,7 +73,7 @@ class CRemains : public W
 public:
     // What wx does last when it changes the text or the items; its own ones assert that there is a widget.
     using W::SetSelection;
-    void SetSelection(int) {}
+    void SetSelection(int) {} // NOLINT(modernize-use-override): of one of the two only
     void SetInsertionPoint(long) override {}
 
     // For wx to delete: clears the remains away.
@@ -117,6 +117,7 @@ void CInplaceText<W, T>::operator delete(void* storage)
 {
     static_assert(sizeof(CRemains<W>) <= sizeof(CInplaceText), "they take its place");
     if (CDeliveryCount::TakeKept(storage))
+        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): without memory the end is near anyway
         wxTheApp->ScheduleForDestruction(new typename CRemains<W>::CEnd(::new (storage) CRemains<W>));
     else
         ::operator delete(storage);

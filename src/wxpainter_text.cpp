@@ -35,7 +35,7 @@ void CwxPainter::internalDrawString(int x, int y, const char* text, int length)
     const wxPen before = device->GetPen();
     device->SetPen(wxPen(vela2wx(GetTextColor()), 1, wxPENSTYLE_SOLID));
     const wxSize extent = device->GetTextExtent(decoded);
-    const int line = y + static_cast<int>(extent.GetHeight() * 0.5 + 0.5);
+    const int line = y + (extent.GetHeight() + 1) / 2;
     device->DrawLine(x - 1, line, x + extent.GetWidth() + 1, line);
     device->SetPen(before);
 }

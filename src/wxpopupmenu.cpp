@@ -157,7 +157,7 @@ void CwxPopupMenu::InsertSubMenu(const std::string& text, IPopupMenu* menu, int 
 wxMenuItem* CwxPopupMenu::find_item(int id, PlaceType place) const
 {
     // Kept by contract: the number of items bounds command ids as well.
-    if (id < 0 || id >= GetItemCount() || (place != ptPosition && place != ptCommand))
+    if (!m_menu || id < 0 || id >= GetItemCount() || (place != ptPosition && place != ptCommand))
         return nullptr;
     if (place == ptPosition)
         return m_menu->FindItemByPosition(static_cast<std::size_t>(id));

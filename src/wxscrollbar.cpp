@@ -72,7 +72,8 @@ void CwxScrollBar::Dispose()
 void CwxScrollBar::operator delete(void* storage)
 {
     if (CDeliveryCount::TakeKept(storage))
-        wxTheApp->ScheduleForDestruction(new (storage) CRemains);
+        wxTheApp->ScheduleForDestruction(new (storage)
+                                             CRemains); // NOLINT(bugprone-unhandled-exception-at-new)
     else
         ::operator delete(storage);
 }

@@ -91,7 +91,7 @@ public:
         for (const gallery::PageEntry& entry : gallery::AllPages())
             AddPage(entry);
         m_book->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, &GalleryFrame::OnPageChanged, this);
-        SetClientSize(900, 640);
+        SetClientSize(1000, 660);
     }
 
     const std::vector<PageSlot>& Slots() const { return m_slots; }

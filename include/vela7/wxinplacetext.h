@@ -18,8 +18,8 @@ namespace vela7 {
 class VELA7_WX_API CTextProcessingFlag
 {
 public:
-    void Raise() { ++m_count; }
-    void Lower() { --m_count; }
+    void RaiseCount() { ++m_count; }
+    void LowerCount() { --m_count; }
     bool IsRaised() const { return m_count >= 1; }
 
 private:
@@ -135,10 +135,10 @@ protected:
     {
         CEditTextEvent record;
         record.text = GetText();
-        this->Raise();
+        this->RaiseCount();
         if (!Fire(event, &IEditNotify::OnEditTextChanged, record)) // lets no exception through
             return;
-        this->Lower();
+        this->LowerCount();
         event.Skip();
     }
 
