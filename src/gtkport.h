@@ -11,8 +11,8 @@
 class wxAnimation;
 class wxMenu;
 class wxWindow;
-typedef struct _GdkPixbufAnimationIter
-    GdkPixbufAnimationIter; // NOLINT(bugprone-reserved-identifier): as in GTK
+// NOLINTNEXTLINE(bugprone-reserved-identifier): GTK calls it so
+typedef struct _GdkPixbufAnimationIter GdkPixbufAnimationIter;
 
 namespace vela7 {
 namespace gtkport {

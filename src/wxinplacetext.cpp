@@ -73,7 +73,8 @@ class CRemains : public W
 public:
     // What wx does last when it changes the text or the items; its own ones assert that there is a widget.
     using W::SetSelection;
-    void SetSelection(int) {} // NOLINT(modernize-use-override): of one of the two only
+    // One of the two has it. NOLINTNEXTLINE(modernize-use-override,clang-diagnostic-*)
+    void SetSelection(int) {}
     void SetInsertionPoint(long) override {}
 
     // For wx to delete: clears the remains away.

@@ -175,10 +175,10 @@ void CwxPopupMenu::ModifyItem(int item, const std::string& text, PlaceType place
 void CwxPopupMenu::DeleteItem(int item, PlaceType place)
 {
     wxMenuItem* const found = find_item(item, place);
-    m_items.erase(item); // Kept by contract: even when it is a position.
-    if (!found)
+    m_items.erase(item);                                     // Kept by contract: even when it is a position.
+    wxMenu* const menu = found ? found->GetMenu() : nullptr; // this one or a sub-menu
+    if (!menu)
         return;
-    wxMenu* const menu = found->GetMenu(); // this one or a sub-menu
     const auto* const native = dynamic_cast<const CwxPopupMenuImpl*>(menu);
     if (CwxPopupMenu* const holder = native ? native->m_owner : nullptr)
         for (auto it = holder->m_items.begin(); it != holder->m_items.end();)

@@ -72,8 +72,8 @@ void CwxScrollBar::Dispose()
 void CwxScrollBar::operator delete(void* storage)
 {
     if (CDeliveryCount::TakeKept(storage))
-        wxTheApp->ScheduleForDestruction(new (storage)
-                                             CRemains); // NOLINT(bugprone-unhandled-exception-at-new)
+        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): it does not allocate
+        wxTheApp->ScheduleForDestruction(new (storage) CRemains);
     else
         ::operator delete(storage);
 }
