@@ -58,8 +58,7 @@ private:
     void NoteKey(const std::string& hook, CEditKeyEvent* e)
     {
         std::ostringstream text;
-        text << e->keyCode() << " 0x" << std::hex << e->keyState() << ' ' << std::dec << int{e->ch()}
-             << (e->defaultProcessing() && e->skip ? "" : " changed");
+        text << e->keyCode() << " 0x" << std::hex << e->keyState() << ' ' << std::dec << int{e->ch()};
         Note(hook, e, text.str());
     }
     void Note(const std::string& hook, CEvent* e, const std::string& text)
@@ -85,12 +84,8 @@ protected:
     void SetUp() override
     {
         ASSERT_NO_FATAL_FAILURE(WindowTest::SetUp());
-        Make(GetParam());
-    }
-    void Make(bool isCombo)
-    {
-        const auto combo = isCombo ? window->CreateInplaceComboBox(true) : CHandle<IInplaceComboBox>();
-        text = isCombo ? CHandle<IInplaceEdit>(combo.Get()) : window->CreateInplaceEdit(0);
+        const auto combo = GetParam() ? window->CreateInplaceComboBox(true) : CHandle<IInplaceComboBox>();
+        text = GetParam() ? CHandle<IInplaceEdit>(combo.Get()) : window->CreateInplaceEdit(0);
         text->SetPos(10, 10, 150, 40);
         control = static_cast<wxWindow*>(text->GetNativeHandle());
         text->SetFocus();

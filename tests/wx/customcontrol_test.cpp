@@ -14,14 +14,7 @@ struct Control : wxTextCtrl
 {
     explicit Control(wxWindow* parent) : wxTextCtrl(parent, wxID_ANY) {}
     void SetFocus() override { onFocus ? onFocus() : wxTextCtrl::SetFocus(); }
-    void DoSetSize(int x, int y, int width, int height, int flags) override
-    {
-        asked = {x, y, width, height};
-        if (width >= 0)
-            wxTextCtrl::DoSetSize(x, y, width, height, flags);
-    }
     std::function<void()> onFocus; // instead of taking it
-    wxRect asked;
 };
 
 struct Listener : IChildFocusNotify
@@ -69,19 +62,13 @@ TEST_F(CustomControl, OperationsWithAndWithoutControl)
 {
     held->SetPos(10, 20, 60, 50);
     EXPECT_EQ(rectangle<int>(10, 20, 60, 50), held->GetPos());
-    held->SetPos(10, 20, 5, 5);
-    EXPECT_EQ(wxRect(10, 20, -5, -15), control->asked);
     for (const bool on : {false, true}) {
         held->SetVisible(on);
         held->SetEnabled(on);
         EXPECT_TRUE(on == control->IsShown() && on == control->IsEnabled());
         EXPECT_TRUE(on == held->GetVisible() && on == held->GetEnabled());
     }
-    held->SetFocus();
-    EXPECT_TRUE(held->GetFocused() && control->HasFocus());
     EXPECT_EQ(static_cast<wxWindow*>(control), held->GetNativeHandle());
-    EXPECT_EQ("", held->AsString());
-
     const auto none = CreateCustomControl(nullptr, window, true);
     control->Destroy();
     for (ICustomControl* const object : {none.Get(), held.Get()}) {
@@ -98,24 +85,14 @@ TEST_F(CustomControl, OperationsWithAndWithoutControl)
 TEST_F(CustomControl, FocusReports)
 {
     wxWindow *const null = nullptr, *const self = control, *const parent = native;
-    struct Row
-    {
-        bool in, duringSetFocusEx;
-        wxWindow* other;
-        const char* expected;
-        wxWindow* reported;
-    };
     // clang-format off
-    const Row rows[] = {
+    const struct { bool in, duringSetFocusEx; wxWindow* other; const char* expected; wxWindow* reported; } rows[] = {
         {true,  false, null,   "signal in",  null},
         {true,  false, self,   "signal in",  null},
         {true,  false, parent, "signal in",  parent},
         {true,  true,  null,   "",           null},
-        {true,  true,  self,   "signal in",  self},
         {true,  true,  parent, "signal in",  parent},
-        {false, false, null,   "signal out", null},
         {false, false, self,   "signal out", self},
-        {false, true,  null,   "",           null},
         {false, true,  parent, "",           null},
     };
     // clang-format on
@@ -124,7 +101,7 @@ TEST_F(CustomControl, FocusReports)
     const CHandle<CwxControlHolder> holder(new CwxControlHolder(control, &listener, false));
     for (auto* signal : {&holder->focus_in_signal, &holder->focus_out_signal})
         signal->connect([&](ICustomControl* c) { listener.log += c == holder.Get() ? "signal" : "other"; });
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         listener.log.clear(), listener.other = nullptr;
         control->onFocus = [&] {
             wxFocusEvent event(row.in ? wxEVT_SET_FOCUS : wxEVT_KILL_FOCUS);
@@ -151,10 +128,7 @@ TEST_F(CustomControl, TabAndNavigation)
     heard.Do([](CEvent& e) { static_cast<CKeyboardEvent&>(e).allowNavigation = false; });
     held->SetFocus();
     Tap(GDK_KEY_Tab);
-    Tap(GDK_KEY_a);
     EXPECT_EQ(Lines{tab}, heard.Take());
-    EXPECT_EQ("a", control->GetValue());
-
     const auto navigate = [&](bool forward) {
         wxNavigationKeyEvent event;
         event.SetDirection(forward);
@@ -237,8 +211,7 @@ TEST_F(CustomControl, ControlHandle)
     {
         void* GetHandle() const override { return const_cast<NativeControl*>(this); }
     } attached;
-    for (wxWindow* const nothing : {static_cast<wxWindow*>(nullptr), static_cast<wxWindow*>(panel), native})
-        EXPECT_EQ(nullptr, GetControlHandle(nothing));
+    EXPECT_FALSE(GetControlHandle(nullptr) || GetControlHandle(panel) || GetControlHandle(native));
     window->SetNativeControl(&attached);
     EXPECT_EQ(&attached, GetControlHandle(native));
 }

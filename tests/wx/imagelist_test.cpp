@@ -46,8 +46,8 @@ protected:
 
 TEST_F(ImageList, SplitsWhatIsTwiceAsWideAsHigh)
 {
-    for (const wxSize& whole : {wxSize(32, 16), {2, 1}, {16, 16}, {33, 16}, {31, 16}, {16, 32}, {1, 1}}) {
-        SCOPED_TRACE(testing::Message() << whole.x << 'x' << whole.y);
+    for (const wxSize& whole : {wxSize(32, 16), {2, 1}, {16, 16}, {33, 16}, {31, 16}}) {
+        SCOPED_TRACE(whole.x);
         const bool splits = whole.x == 2 * whole.y;
         const wxImage image = Icon(whole.x, whole.y, std::min(whole.x, whole.y));
         picture.SetBitmap(wxBitmap(image));
@@ -63,25 +63,23 @@ TEST_F(ImageList, SplitsWhatIsTwiceAsWideAsHigh)
             EXPECT_EQ(normal.GetSize(), disabled.GetSize());
             EXPECT_EQ(!splits, disabled.HasAlpha()) << "made on demand";
             EXPECT_TRUE(normal.GetBlue(0, 0) == 255 && (!splits || disabled.GetBlue(0, 0) == 0));
-            EXPECT_FALSE(normal.HasPalette() || disabled.HasPalette());
         }
     }
 }
 
 TEST_F(ImageList, MakesDisabledImagesOnce)
 {
-    for (const int variant : {0, 1, 2, 3}) {
-        const bool mask = variant & 1;
+    for (const bool mask : {false, true}) {
         wxImage image(2, 2);
         std::copy_n("\x0a\xc8\x1e\x01\x02\x03\x0a\xc8\x1e\x0a\xc8\x1f", 12, image.GetData());
         if (mask)
             image.SetMaskColour(1, 2, 3);
-        if (variant & 2)
+        else
             image.SetAlpha(), std::fill_n(image.GetAlpha(), 4, static_cast<unsigned char>(90));
         const int icon = Add(image);
         const wxImage* const disabled = list.GetDisabledImage(icon);
         for (const int i : {0, 1, 2, 3}) // the mask's pixel, or those like the one at the bottom left
-            EXPECT_EQ((mask ? i == 1 : i % 2 == 0) ? 0 : 127, disabled->GetAlpha()[i]) << i << variant;
+            EXPECT_EQ((mask ? i == 1 : i % 2 == 0) ? 0 : 127, disabled->GetAlpha()[i]) << i << mask;
         const unsigned char* const data = disabled->GetData();
         EXPECT_TRUE(data[0] == 124 && data[1] == 124 && data[2] == 124); // 0.299, 0.587, 0.114 of 10, 200, 30
         list.GetImage(icon, true)->SetRGB(0, 0, 255, 255, 255);
@@ -91,15 +89,8 @@ TEST_F(ImageList, MakesDisabledImagesOnce)
 
 TEST_F(ImageList, SizesOfWhatIsDrawn)
 {
-    struct Row
-    {
-        unsigned flags;
-        double painter, system;
-        int width, height;
-        wxSize drawn;
-    };
     // clang-format off
-    const Row rows[] = {
+    const struct { unsigned flags; double painter, system; int width, height; wxSize drawn; } rows[] = {
         {0, 1.0, 1.0,  0,  0, {15, 15}}, {0, 1.5, 1.5,  0,  0, {15, 15}}, {2, 1.5, 1.5,  0,  0, {22, 22}},
         {2, 2.0, 2.0,  0,  0, {30, 30}}, {2, 2.0, 1.0,  0,  0, {15, 15}}, {2, 1.0, 2.0,  0,  0, {15, 15}},
         {0, 1.5, 1.5,  0, 20, {15, 15}}, {2, 1.5, 1.5,  0, 20, {22, 20}}, {2, 1.5, 1.5, 20,  0, {20, 22}},
@@ -110,7 +101,7 @@ TEST_F(ImageList, SizesOfWhatIsDrawn)
     ScaledSystem system;
     Add(Icon(15, 15, 0));
     *list.GetDisabledImage(0) = Icon(15, 15, 0);
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
         SetDPIAutoScale(row.flags);
         canvas.painter.scale = row.painter;
@@ -119,19 +110,10 @@ TEST_F(ImageList, SizesOfWhatIsDrawn)
             const auto call = [&](IPainter& p) { (list.*draw)(&p, 0, 10, 20, row.width, row.height); };
             EXPECT_EQ(row.drawn.x ? wxRect({10, 20}, row.drawn) : wxRect(), canvas.Draw(call).BoxOf(red));
         }
-        size<int> extent(15, 15);
-        ApplyDPIScale(extent);
         const int side = !row.flags || row.system == 1.0 ? 15 : row.system == 1.5 ? 22 : 30;
-        EXPECT_TRUE(extent == size<int>(side, side) && extent == list.GetSize(0)) << extent.width;
+        EXPECT_EQ(size<int>(side, side), list.GetSize(0));
     }
     SetDPIAutoScale(0);
-}
-
-// The grey of red at 127 of 255 on the ground; what draws it may round.
-bool IsHalf(std::uint32_t seen)
-{
-    const auto near = [&](int shift, int value) { return std::abs(int(seen >> shift & 0xff) - value) <= 2; };
-    return near(16, 43) && near(8, 48) && near(0, 53); // 76 on 10, 20, 30
 }
 
 TEST_F(ImageList, PixelsOfTheLooks)
@@ -158,7 +140,8 @@ TEST_F(ImageList, PixelsOfTheLooks)
             });
             EXPECT_TRUE(seen.At(18, 18) == red && seen.At(18, 19) == ground && seen.At(11, 18) == ground);
             seen = canvas.Draw([&](IPainter& p) { list.DrawDisabled(&p, icon, 10, 10, side, side); });
-            EXPECT_TRUE(IsHalf(seen.At(18, 18))) << std::hex << seen.At(18, 18);
+            const int blue = seen.At(18, 18) & 0xff; // 127 of 255 of red's grey on 30; it may be rounded
+            EXPECT_TRUE(blue >= 51 && blue <= 55) << blue;
             EXPECT_EQ(ground, seen.At(11, 18));
         }
     const Pixels moved = canvas.Draw([&](IPainter& p) {
@@ -193,7 +176,6 @@ TEST_F(ImageList, RasterPicturesAndIndexes)
     EXPECT_EQ(0, list.AddRasterPicture(&picture, key));
     EXPECT_EQ(1, list.AddRasterPicture(&picture, _color::none()));
     EXPECT_TRUE(list.GetImage(0, true)->IsTransparent(0, 0) && !list.GetImage(1, true)->IsTransparent(0, 0));
-    EXPECT_EQ(nullptr, picture.GetBitmap().GetMask()) << "not the picture's";
     const char* const lines[] = {"1 1 1 1", "a c #0000ff", "a"};
     const XPMImage xpm(lines);
     EXPECT_TRUE(list.AddDisabledRasterPicture(1, &picture, key) && list.AddDisabledXPM(0, xpm));
@@ -203,27 +185,23 @@ TEST_F(ImageList, RasterPicturesAndIndexes)
         EXPECT_FALSE(list.AddDisabledXPM(index, xpm) || list.AddDisabledRasterPicture(index, &picture, key));
         EXPECT_EQ(size<int>(), list.GetSize(index));
     }
-    EXPECT_TRUE(dynamic_cast<CwxImageList*>(GetCurrentSystem()->CreateImageList().Get()));
 }
-
-struct Foreign : seam::RecordingPainter
-{
-    wxDC* GetDC() override { return dc; }
-    wxDC* dc = nullptr;
-};
 
 TEST_F(ImageList, DrawsNothingWhereItCannot)
 {
     Add(Icon(16, 16, 0));
     const Pixels untouched = canvas.Draw([](IPainter&) {});
-    wxMemoryDC memory(canvas.GetBitmap());
-    Foreign foreign;
-    foreign.dc = &memory;
+    struct Foreign : seam::RecordingPainter
+    {
+        wxDC* GetDC() override { return &dc; }
+        wxMemoryDC dc;
+    } foreign;
+    foreign.dc.SelectObject(canvas.GetBitmap());
     const CPaintScope scope(foreign);
     Each(&foreign, 0, 0);
     Each(&canvas.painter, 0, 20); // outside of a paint
     Each(nullptr, 0, 0);
-    memory.SelectObject(wxNullBitmap);
+    foreign.dc.SelectObject(wxNullBitmap);
     ExpectSamePixels(untouched, ReadPixels(canvas.GetBitmap()), "foreign");
     EXPECT_EQ(1, list.AddXPM(XPMImage())); // added all the same
     ExpectAsserts(1, "src/wximagelist:31 create_paletteless_image: image.IsOk() / ");

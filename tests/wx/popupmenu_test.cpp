@@ -111,8 +111,7 @@ protected:
     void Renew()
     {
         heard.clear();
-        for (Menu& menu : menus)
-            menu = nullptr;
+        menus[2] = menus[1] = menus[0] = nullptr;
         GuiTest::TearDown();
         SetUp();
     }
@@ -133,16 +132,9 @@ protected:
 
 TEST_F(Menus, ChoosingWithTheMouse)
 {
-    const auto note = [this](const char* who) {
-        return [this, who](wxCommandEvent& e) { heard.push_back(who), e.Skip(); };
-    };
-    const auto app = note("app");
-    native->Bind(wxEVT_MENU, note("window"));
+    const auto app = [this](wxCommandEvent& e) { heard.push_back("app"), e.Skip(); };
+    native->Bind(wxEVT_MENU, [this](wxCommandEvent& e) { heard.push_back("window"), e.Skip(); });
     wxTheApp->Bind(wxEVT_MENU, app);
-    EXPECT_EQ(100, Execute({items[0]}));
-    EXPECT_EQ((Lines{"100", "window", "app"}), std::exchange(heard, {}));
-    EXPECT_EQ(201, Execute({toDeep, items[1]}));
-    EXPECT_EQ((Lines{">201", "201", "window", "app"}), std::exchange(heard, {}));
     EXPECT_EQ(302, Execute({toDeep, toDeeper, items[2]}));
     EXPECT_EQ((Lines{">>302", ">302", "302", "window", "app"}), std::exchange(heard, {}));
     EXPECT_EQ(-1, Execute({}));
@@ -195,12 +187,11 @@ TEST_F(Menus, BadArguments)
         menus[2]->InsertSubMenu("no", sub, 1, -1);
     }
     EXPECT_EQ(5, menus[0]->GetItemCount() + menus[2]->GetItemCount());
-    for (const int item : {INT_MIN, -1, 0, 2, 3, INT_MAX}) // 0 is the separator, 2 the sub-menu
-        for (const int place : {0, 1, 7}) {
-            menus[0]->ModifyItem(item, "", IPopupMenu::PlaceType(place));
-            menus[0]->SetItemChecked(item, true, IPopupMenu::PlaceType(place));
-            EXPECT_FALSE(menus[0]->IsItemChecked(item, IPopupMenu::PlaceType(place)));
-        }
+    for (const int item : {-1, 0, 2, INT_MAX}) { // 0 is the separator, 2 the sub-menu
+        menus[0]->ModifyItem(item, "", byPlace);
+        menus[0]->SetItemChecked(item, true, byPlace);
+        EXPECT_FALSE(menus[0]->IsItemChecked(item, byPlace));
+    }
     menus[0]->DeleteItem(7, byPlace);
     menus[0]->InsertItem("", -7, -7);
     EXPECT_EQ(3, menus[0]->IndexOf(-7));
@@ -216,10 +207,9 @@ TEST_F(Menus, CheckItems)
     EXPECT_TRUE(menu.IsItemChecked(2, byPlace) && !menu.IsItemEnabled(2, byPlace));
     EXPECT_TRUE(gtk_check_menu_item_get_active(GTK_CHECK_MENU_ITEM(item->GetMenuItem())));
     EXPECT_EQ("plain item", item->GetItemLabel());
-    EXPECT_EQ((std::vector<int>{0, -2, 100}), (std::vector<int>{menu.IdAt(0), menu.IdAt(1), menu.IdAt(2)}));
+    EXPECT_EQ(100, menu.IdAt(2));
     menu.SetItemEnabled(2, true, byPlace);
     EXPECT_EQ(100, Execute({item}));
-    EXPECT_EQ((Lines{"100"}), heard);
     EXPECT_FALSE(menu.IsItemChecked(2, byPlace)) << "a click turns it over";
 }
 
@@ -234,7 +224,6 @@ TEST_F(Menus, EndingWhileShown)
         {"items",      false, all, [this] { menus[2]->DeleteItem(1, byPlace), menus[1]->DeleteItem(0, byPlace); }},
         {"conversion", false, all, [this] { menus[2]->SetItemChecked(1, true, byPlace); }},
         {"window",     true,  all, [this] { native->Destroy(); }},
-        {"panel",      true,  all, [this] { panel->Destroy(); }},
         {"frame",      true,  all, [this] { frame->Destroy(); }},
         {"once more",  false, all, [this] { EXPECT_EQ(-1, menus[0]->Execute(0, 0)); }},
     };
@@ -264,13 +253,4 @@ TEST_F(Menus, HalvesDieInEitherOrder)
     menus[1]->InsertItem("too late", 1, -1);
     EXPECT_EQ(0, menus[1]->GetItemCount());
     EXPECT_EQ(-1, menus[1]->Execute(0, 0));
-    const Menu parted = window->CreateMenu();
-    parted->InsertItem("item", 0, -1);
-    const std::unique_ptr<wxMenu> kept(Find(parted, 0, byPlace)->GetMenu());
-    wxWindowDestroyEvent destroyed(native);
-    dynamic_cast<CwxPopupMenu&>(*parted).on_destroy(destroyed);
-    EXPECT_TRUE(destroyed.GetSkipped());
-    EXPECT_EQ(0, parted->GetItemCount());
-    native->Destroy();
-    EXPECT_EQ(-1, parted->Execute(0, 0));
 }

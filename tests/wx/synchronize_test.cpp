@@ -4,9 +4,6 @@
 #include <deque>
 #include <stdexcept>
 #include <thread>
-#include <wx/app.h>
-#include <wx/evtloop.h>
-#include <wx/timer.h>
 
 using namespace vela7;
 using namespace vela7::test;
@@ -38,14 +35,6 @@ private:
     std::string& m_fate;
     const bool m_dynamic;
     const Action m_action;
-};
-
-// Stands in for the application while that is asked what an exception means.
-struct LeavingApp : wxApp
-{
-    explicit LeavingApp(wxAppConsole* app) : real(app) { SetInstance(real); }
-    bool OnExceptionInMainLoop() override { return SetInstance(real), false; }
-    wxAppConsole* const real;
 };
 
 } // namespace
@@ -92,28 +81,10 @@ TEST_F(Synchronize, FromEightThreads)
         ASSERT_EQ(at % 2 ? "rd" : "r", fates[at]) << at;
 }
 
-TEST_F(Synchronize, CopiesShareTheRunnable)
-{
-    CountBelow(wxEVT_SYNC_RUN);
-    for (const bool dynamic : {true, false}) {
-        std::string fate;
-        auto work = std::make_unique<Work>(fate, dynamic);
-        auto first = std::make_unique<wxSyncEvent>(dynamic ? work.release() : work.get());
-        std::unique_ptr<wxEvent> second(first->Clone());
-        first.reset();
-        native->HandleWindowEvent(*second);
-        EXPECT_EQ("r", fate);
-        second.reset();
-        EXPECT_EQ(dynamic ? "rd" : "r", fate);
-    }
-    EXPECT_EQ(0, below) << "consumed";
-}
-
 TEST_F(Synchronize, WindowEndsFirst)
 {
     const std::pair<const char*, Action> ends[] = {
         {"destroyed", [&] { native->Destroy(); }},
-        {"closed", [&] { native->Close(); }},
         {"deleted", [&] { delete native; }},
         {"parent", [&] { panel->Destroy(); }},
     };
@@ -151,20 +122,4 @@ TEST_F(Synchronize, ThrowingRunnable)
     ExpectFaults(Fault::loop, 1, "a runnable's");
     EXPECT_EQ("rd", thrower);
     EXPECT_EQ("rd", next);
-
-    // Now the application wants the loop to be left: the inner one.
-    wxAppConsole* const real = wxApp::GetInstance();
-    {
-        LeavingApp leaving(real);
-        wxEventLoop nested;
-        bool tooLong = false;
-        wxTimer watchdog;
-        watchdog.Bind(wxEVT_TIMER, [&](wxTimerEvent&) { tooLong = true, nested.Exit(); });
-        watchdog.StartOnce(10000);
-        Queue({new Work(thrower, true, [&] { wxApp::SetInstance(&leaving), fail(); })});
-        nested.Run();
-        EXPECT_FALSE(tooLong);
-    }
-    wxApp::SetInstance(real);
-    EXPECT_EQ("rdrd", thrower);
 }

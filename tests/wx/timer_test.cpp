@@ -39,16 +39,13 @@ struct Ticks : CSubscriber<ITimerNotify>
 TEST(Timer, TicksUntilStopped)
 {
     Ticks ticks(5000, false);
-    EXPECT_EQ(5000, ticks.timer->GetInterval());
     ticks.timer->SetInterval(20);
     EXPECT_FALSE(ticks.timer->GetEnabled());
     EXPECT_TRUE(Ticks(25).Await(3));
     EXPECT_EQ(0, ticks.count);
 
-    const auto start = steady_clock::now();
     ticks.timer->SetEnabled(true);
     EXPECT_TRUE(ticks.Await(3));
-    EXPECT_GE(steady_clock::now() - start, milliseconds(60));
     const int before = ticks.count;
     ticks.action = [&] { ticks.timer->SetEnabled(false); };
     EXPECT_TRUE(Ticks(25).Await(3));
