@@ -71,7 +71,7 @@ TEST_F(ImageList, MakesDisabledImagesOnce)
 {
     for (const bool mask : {false, true}) {
         wxImage image(2, 2);
-        std::copy_n("\x0a\xc8\x1e\x01\x02\x03\x0a\xc8\x1e\x0a\xc8\x1f", 12, image.GetData());
+        std::copy_n("\x0a\xc8\x1e\x01\x02\x03\x0a\xc8\x1f\x0a\xc8\x1f", 12, image.GetData());
         if (mask)
             image.SetMaskColour(1, 2, 3);
         else
@@ -79,7 +79,7 @@ TEST_F(ImageList, MakesDisabledImagesOnce)
         const int icon = Add(image);
         const wxImage* const disabled = list.GetDisabledImage(icon);
         for (const int i : {0, 1, 2, 3}) // the mask's pixel, or those like the one at the bottom left
-            EXPECT_EQ((mask ? i == 1 : i % 2 == 0) ? 0 : 127, disabled->GetAlpha()[i]) << i << mask;
+            EXPECT_EQ((mask ? i == 1 : i >= 2) ? 0 : 127, disabled->GetAlpha()[i]) << i << mask;
         const unsigned char* const data = disabled->GetData();
         EXPECT_TRUE(data[0] == 124 && data[1] == 124 && data[2] == 124); // 0.299, 0.587, 0.114 of 10, 200, 30
         list.GetImage(icon, true)->SetRGB(0, 0, 255, 255, 255);

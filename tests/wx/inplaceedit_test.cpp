@@ -128,6 +128,10 @@ TEST_P(EditAndCombo, MouseAndContextMenu)
     wxContextMenuEvent asked(wxEVT_CONTEXT_MENU, wxID_ANY, control->ClientToScreen(wxPoint(3, -30)));
     EXPECT_TRUE(control->HandleWindowEvent(asked));
     EXPECT_EQ(Lines{"menu 3,-30"}, heard.Take());
+    wxContextMenuEvent left(wxEVT_CONTEXT_MENU, wxID_ANY, wxPoint(-1, 400)); // of the screen; not by a key
+    EXPECT_TRUE(control->HandleWindowEvent(left));
+    const wxPoint client = control->ScreenToClient(wxPoint(-1, 400));
+    EXPECT_EQ(Lines{"menu " + At(client.x, client.y)}, heard.Take());
     PointAt(control, -5, 22); // on the parent
     Tap(GDK_KEY_Menu);
     EXPECT_EQ("menu -5,22", heard.Take().back());

@@ -178,6 +178,12 @@ TEST_F(Menus, FindingItems)
     appended->InsertItem("too late", 1, -1);
     EXPECT_EQ(0, appended->GetItemCount());
     EXPECT_EQ(4, menu->GetItemCount());
+
+    const Menu last = window->CreateMenu();
+    last->InsertItem("item", 70, -1);
+    last->InsertSubMenu("appended", window->CreateMenu().Get(), 0, -1);
+    last->DeleteItem(1, byPlace); // under another number than it was appended with
+    EXPECT_EQ(nullptr, Find(last, 0, byCommand));
 }
 
 TEST_F(Menus, BadArguments)
