@@ -8,7 +8,7 @@
 #include <wx/weakref.h>
 
 gallery::SpinControl gallery::MakeSpinControl(vela7::ISysWindow& parent, int min, int max,
-                                              std::function<void(int)> changed)
+                                              const std::function<void(int)>& changed)
 {
     auto* const spin = new wxSpinCtrl(static_cast<wxWindow*>(parent.GetNativeHandle()), wxID_ANY);
     spin->SetRange(min, max);

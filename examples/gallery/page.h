@@ -58,7 +58,8 @@ struct SpinControl
 };
 /// The host makes it, since the toolkit has none. changed hears of what the user enters, as long as the
 /// handle lives. The window gets the presses of Tab, Enter and Escape.
-SpinControl MakeSpinControl(vela7::ISysWindow& parent, int min, int max, std::function<void(int)> changed);
+SpinControl MakeSpinControl(vela7::ISysWindow& parent, int min, int max,
+                            const std::function<void(int)>& changed);
 
 /// In the order of the tabs.
 const std::vector<PageEntry>& AllPages();

@@ -30,8 +30,8 @@ std::vector<std::vector<std::string>> MakeRows()
     for (int i = 0; i < 200; ++i) {
         const std::string size = " M" + std::to_string(3 + i * 7 % 10) + " x " + std::to_string(8 + i % 60);
         rows.push_back({"W-" + std::to_string(1000 + i * 37), things[i % std::size(things)] + size,
-                        materials[i * 3 % materials.size()], std::to_string(i * 389 % 1200),
-                        suppliers[i * 5 % 7 % suppliers.size()], notes[i % std::size(notes)]});
+                        materials[std::size_t(i) * 3 % materials.size()], std::to_string(i * 389 % 1200),
+                        suppliers[std::size_t(i) * 5 % 7 % suppliers.size()], notes[i % std::size(notes)]});
     }
     return rows;
 }
