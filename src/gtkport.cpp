@@ -4,6 +4,7 @@
 #include <wx/app.h>
 #include <wx/menu.h>
 #include <wx/renderer.h>
+#include <wx/sizer.h>
 #include <wx/version.h>
 #include <wx/window.h>
 
@@ -13,6 +14,8 @@
 #pragma GCC diagnostic ignored "-Wpedantic"
 #include <gtk/gtk.h>
 #pragma GCC diagnostic pop
+
+#include <vector>
 
 namespace vela7 {
 namespace gtkport {
@@ -44,23 +47,64 @@ void SetTransient(wxWindow& popup, bool transient)
                                  GTK_IS_WINDOW(top) ? GTK_WINDOW(top) : nullptr);
 }
 
-void KeepWidgets(wxWindow& window)
+namespace {
+
+class CKeptWidgets : public wxObject
 {
-    const auto keep = [](gpointer object) {
-        const auto release = [](gpointer kept) -> gboolean {
-            g_object_unref(kept);
-            return FALSE;
-        };
+public:
+    explicit CKeptWidgets(const wxWindow& window) { Keep(window); }
+    CKeptWidgets(const CKeptWidgets&) = delete;
+    CKeptWidgets& operator=(const CKeptWidgets&) = delete;
+    ~CKeptWidgets() override
+    {
+        for (const gpointer object : m_objects)
+            g_object_unref(object);
+    }
+
+private:
+    void Keep(gpointer object)
+    {
         if (object)
-            g_idle_add(release, g_object_ref(object));
-    };
-    GtkWidget* const text = window.GetConnectWidget();
-    keep(window.m_widget);
-    keep(text);
-    if (text && GTK_IS_TEXT_VIEW(text))
-        keep(gtk_text_view_get_buffer(GTK_TEXT_VIEW(text)));
-    if (window.m_widget && GTK_IS_RANGE(window.m_widget))
-        keep(gtk_range_get_adjustment(GTK_RANGE(window.m_widget)));
+            m_objects.push_back(g_object_ref(object));
+    }
+    void Keep(const wxWindow& window)
+    {
+        GtkWidget* const text = const_cast<wxWindow&>(window).GetConnectWidget();
+        Keep(window.m_widget);
+        Keep(text);
+        if (text && GTK_IS_TEXT_VIEW(text))
+            Keep(gtk_text_view_get_buffer(GTK_TEXT_VIEW(text)));
+        if (window.m_widget && GTK_IS_RANGE(window.m_widget))
+            Keep(gtk_range_get_adjustment(GTK_RANGE(window.m_widget)));
+        for (const wxWindow* const child : window.GetChildren())
+            Keep(*child);
+    }
+
+    std::vector<gpointer> m_objects;
+};
+
+} // namespace
+
+std::unique_ptr<wxObject> KeepWidgets(wxWindow& window)
+{
+    return std::make_unique<CKeptWidgets>(window);
+}
+
+void TakeFromParent(wxWindow& window)
+{
+    if (wxSizer* const sizer = window.GetContainingSizer())
+        sizer->Detach(&window);
+    if (window.GetParent())
+        window.GetParent()->RemoveChild(&window);
+    GtkWidget* const container = window.m_widget ? gtk_widget_get_parent(window.m_widget) : nullptr;
+    if (!container)
+        return;
+    GtkWidget* grab = gtk_grab_get_current();
+    while (grab && (grab == window.m_widget || gtk_widget_is_ancestor(grab, window.m_widget))) {
+        gtk_grab_remove(grab); // GTK would go on sending it all input
+        grab = gtk_grab_get_current();
+    }
+    gtk_container_remove(GTK_CONTAINER(container), window.m_widget);
 }
 
 wxBitmap BitmapFromXPM(const char* const* lines)
@@ -142,6 +186,12 @@ wxBitmap CurrentFrame(GdkPixbufAnimationIter* iterator)
     return pixbuf ? wxBitmap(pixbuf) : wxBitmap();
 }
 
+void DismissList(wxWindow& control)
+{
+    if (control.m_widget && GTK_IS_COMBO_BOX(control.m_widget))
+        gtk_combo_box_popdown(GTK_COMBO_BOX(control.m_widget));
+}
+
 wxSize CheckBoxSize()
 {
     wxWindow* window = nullptr;
@@ -157,6 +207,13 @@ void CloseMenu(wxMenu& menu)
 {
     if (gtk_widget_get_visible(menu.m_menu))
         gtk_menu_shell_cancel(GTK_MENU_SHELL(menu.m_menu));
+}
+
+void CloseSubMenu(wxMenuItem& item)
+{
+    wxMenu* const sub = item.GetSubMenu();
+    if (sub && item.GetMenu() && gtk_widget_get_visible(sub->m_menu))
+        gtk_menu_shell_deselect(GTK_MENU_SHELL(item.GetMenu()->m_menu));
 }
 
 bool MenuCommandsReachParents()

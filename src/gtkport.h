@@ -6,10 +6,13 @@
 #include <wx/bitmap.h>
 #include <wx/gdicmn.h>
 
+#include <memory>
 #include <optional>
 
 class wxAnimation;
 class wxMenu;
+class wxMenuItem;
+class wxObject;
 class wxWindow;
 // NOLINTNEXTLINE(bugprone-reserved-identifier): GTK calls it so
 typedef struct _GdkPixbufAnimationIter GdkPixbufAnimationIter;
@@ -48,15 +51,25 @@ void AdvanceFrame(GdkPixbufAnimationIter* iterator);
 /// Shares the iterator's pixels: for use before the next AdvanceFrame. Invalid when there is none.
 wxBitmap CurrentFrame(GdkPixbufAnimationIter* iterator);
 
-/// Keeps the widgets of a window that is being destroyed in memory until GTK is idle: some caller of GTK's
-/// may be using them.
-void KeepWidgets(wxWindow& window);
+/// Keeps the widgets of a window and of all that is in it in memory for as long as the result lives: the
+/// window is being destroyed, and some caller of GTK's may be using them.
+std::unique_ptr<wxObject> KeepWidgets(wxWindow& window);
+
+/// Takes a window out of its parent, for wx and for GTK: it has none any more. Its place in a sizer goes,
+/// too.
+void TakeFromParent(wxWindow& window);
+
+/// Closes the list of a combo box, if it is one and its list is open.
+void DismissList(wxWindow& control);
 
 /// Size of the theme's check box.
 wxSize CheckBoxSize();
 
 /// Closes a popup menu as Escape does; nothing when it is not open.
 void CloseMenu(wxMenu& menu);
+
+/// Closes the sub-menu of an item; nothing when it has none or that is not open.
+void CloseSubMenu(wxMenuItem& item);
 
 /// Whether wx itself offers the commands of a sub-menu to the menus above it.
 bool MenuCommandsReachParents();

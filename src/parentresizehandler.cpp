@@ -14,8 +14,7 @@ wxBEGIN_EVENT_TABLE(CParentResizeHandler, wxEvtHandler)
 wxEND_EVENT_TABLE()
 // clang-format on
 
-// Both events end here: the handlers return without skipping, and touch nothing after calling out, since a
-// listener may destroy the toolkit window and this handler with it.
+// Both events end here: the handlers return without skipping.
 
 // The sizer stands between the parent's resize and the window's. A listener that destroyed the parent would
 // pull it away under wx, so the window hears of its new size when the layout is through.

@@ -1,28 +1,15 @@
 #include "vela7/velawxwindow.h"
 
+#include "gtkport.h"
 #include "vela7/wxsyswindow.h"
 
-#include <wx/app.h>
-
 #include <new>
+#include <utility>
+#include <vector>
 
 wxIMPLEMENT_DYNAMIC_CLASS(vela7::CVELAwxWindow, wxWindow);
 
 namespace vela7 {
-
-namespace {
-
-// What wx finds where a window was that died in the middle of its own event: a window that was never created,
-// until the next idle pass.
-class CRemains : public CVELAwxWindow
-{
-    // wx's own ones assert that there is a native window.
-    void DoClientToScreen(int*, int*) const override {}
-    bool IsTransparentBackgroundSupported(wxString*) const override { return false; }
-};
-static_assert(sizeof(CRemains) == sizeof(CVELAwxWindow), "it takes the place of one");
-
-} // namespace
 
 // The order matters: listeners hear of the end while everything still works, children go before the toolkit
 // window that they report to, and the stack of event handlers is clean before wx looks at it.
@@ -31,8 +18,9 @@ CVELAwxWindow::~CVELAwxWindow()
     if (owner)
         owner->LeaveParent();
     // A listener, also one of a child's, may destroy the parent, which must not delete this window a second
-    // time.
+    // time; but GTK's halves of both go with the parent's.
     const wxWeakRef<wxWindow> parent(GetParent());
+    const auto widgets = parent ? gtkport::KeepWidgets(*this) : nullptr;
     if (parent)
         parent->GetChildren().DeleteObject(this);
     if (owner)
@@ -41,19 +29,45 @@ CVELAwxWindow::~CVELAwxWindow()
         m_parent = nullptr;
     if (HasCapture())
         ReleaseMouse();
+    std::vector<IEndsWithParent*> controls;
+    for (wxWindow* const child : GetChildren())
+        if (auto* const control = dynamic_cast<IEndsWithParent*>(child))
+            controls.push_back(control);
+    for (IEndsWithParent* const control : controls)
+        control->OnParentEnds();
     DestroyChildren();
-    delete owner;
-    owner = nullptr;
     if (!parent)
         m_parent = nullptr;
-    deliveries.Retire(*this);
+    if (owner)
+        std::exchange(owner, nullptr)->End();
+    life.KeepStorage(*this);
 }
 
 bool CVELAwxWindow::Destroy()
 {
     if (owner && owner->IsDestroyed())
         return true; // under way: a listener wants what it is being told of
-    return deliveries.PutOffDestruction(*this) || wxWindow::Destroy();
+    return life.PutOffDestruction(*this) || wxWindow::Destroy();
+}
+
+bool CVELAwxWindow::Reparent(wxWindowBase* newParent)
+{
+    if (!wxWindow::Reparent(newParent))
+        return false;
+    if (owner)
+        owner->FollowParent();
+    return true;
+}
+
+void CVELAwxWindow::DoClientToScreen(int* x, int* y) const
+{
+    if (m_widget)
+        wxWindow::DoClientToScreen(x, y);
+}
+
+bool CVELAwxWindow::IsTransparentBackgroundSupported(wxString* reason) const
+{
+    return m_widget && wxWindow::IsTransparentBackgroundSupported(reason);
 }
 
 // The counterpart that the compiler expects of operator delete; it looks through an inlined one.
@@ -62,10 +76,12 @@ bool CVELAwxWindow::Destroy()
     return ::operator new(size);
 }
 
+// Nobody derives from this class, so an object of the same type takes the place of the dead one, and pointers
+// to that one are pointers to it.
 void CVELAwxWindow::operator delete(void* storage)
 {
-    if (CDeliveryCount::TakeKept(storage))
-        wxTheApp->ScheduleForDestruction(::new (storage) CRemains);
+    if (CEventLife::CHold* const hold = CEventLife::FindKept(storage))
+        CEventLife::Leftover(*hold, std::unique_ptr<wxObject>(::new (storage) CVELAwxWindow));
     else
         ::operator delete(storage);
 }

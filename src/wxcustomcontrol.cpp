@@ -1,7 +1,6 @@
 #include "vela7/wxcustomcontrol.h"
 
 #include "callout.h"
-#include "handlerstack.h"
 #include "vela7/velawxwindow.h"
 #include "vela7/wxsyswindow.h"
 
@@ -23,87 +22,48 @@ CwxControlHolder::CwxControlHolder(wxWindow* control, IChildFocusNotify* notify,
     if (!control)
         return;
     Bind(wxEVT_DESTROY, &CwxControlHolder::destroyEvent, this);
-    control->PushEventHandler(this);
+    PushOnto(*control);
 }
 
 CwxControlHolder::~CwxControlHolder()
 {
     RevokeHandles();
-    if (m_control)
-        TakeOff(*m_control, *this);
-    if (wxTheApp)
-        wxPendingDelete.DeleteObject(this);
 }
 
-// wx goes on using a handler after an event: in the middle of one the deletion waits.
 void CwxControlHolder::Dispose()
 {
-    if (m_deliveries.PutOffDeletion(*this))
-        Silence();
-    else
-        delete this;
+    Silence();
+    End();
 }
 
 // Each branch may end this object and its control.
-bool CwxControlHolder::ProcessEvent(wxEvent& event)
+bool CwxControlHolder::ProcessHeld(wxEvent& event)
 {
-    if (!m_control)
-        return wxEvtHandler::ProcessEvent(event);
-    const CDeliveryCount::CDelivery delivery(m_deliveries);
-    const wxEventType type = event.GetEventType();
+    if (!m_control || !GetEvtHandlerEnabled())
+        return CPushedHandler::ProcessHeld(event);
     if (IsTabPress(event)) {
         if (wxWindow* const parent = m_control->GetParent())
             parent->GetEventHandler()->ProcessEvent(event);
         return true;
     }
-    if (type == wxEVT_NAVIGATION_KEY) {
+    if (event.GetEventType() == wxEVT_NAVIGATION_KEY) {
         ForwardNavigation(*m_control, static_cast<wxNavigationKeyEvent&>(event));
         return true;
     }
-    if (type == wxEVT_DESTROY && event.GetEventObject() == m_control && !m_autoDelete)
-        return ProcessDestroy(event);
-    return wxEvtHandler::ProcessEvent(event);
-}
-
-// A control must not die with a handler on its stack. When this one was called from above as a member of the
-// stack, those below would not hear of the end any more, so they are called from here.
-bool CwxControlHolder::ProcessDestroy(wxEvent& event)
-{
-    wxWindow& control = *m_control;
-    wxEvtHandler* const below = event.ShouldProcessOnlyIn(this) ? GetNextHandler() : nullptr;
-    const bool processed = wxEvtHandler::ProcessEvent(event);
-    TakeOff(control, *this);
-    return processed || (below && below->ProcessEventLocally(event));
+    return CPushedHandler::ProcessHeld(event);
 }
 
 void CwxControlHolder::destroyEvent(wxWindowDestroyEvent& event)
 {
     if (event.GetEventObject() != m_control)
         return;
-    if (m_autoDelete) {
-        delete this;
-        return;
-    }
     m_control = nullptr;
-    event.Skip();
-}
-
-void CwxControlHolder::focusInEvent(wxFocusEvent& event)
-{
-    ForgetDeadWindow();
-    ReportFocusIn(event);
-}
-
-void CwxControlHolder::focusOutEvent(wxFocusEvent& event)
-{
-    ForgetDeadWindow();
-    ReportFocusOut(event);
-}
-
-void CwxControlHolder::ForgetDeadWindow()
-{
-    if (m_notifyLife && !m_notifyLife->IsAlive())
-        m_notify = nullptr;
+    if (m_autoDelete) {
+        RevokeHandles();
+        Dispose();
+    } else {
+        event.Skip();
+    }
 }
 
 // ---- what wrapped controls share
@@ -121,17 +81,16 @@ bool FireFrom(ICustomControl& control, wxEvent& event, const std::type_info& typ
     return false;
 }
 
-void ReportChildFocus(ICustomControl& control, IChildFocusNotify* const& notify, wxFocusEvent& event)
+void ReportChildFocus(ICustomControl& control, const CFocusHost& host, wxFocusEvent& event)
 {
     const bool in = event.GetEventType() == wxEVT_SET_FOCUS;
     const CLifeWatch alive = control.WatchLife();
     CallOut([&] {
         (in ? control.focus_in_signal : control.focus_out_signal).emit(&control);
-        if (!alive.IsAlive() || !notify)
-            return;
-        if (in)
+        IChildFocusNotify* const notify = alive.IsAlive() ? host.Get() : nullptr;
+        if (notify && in)
             notify->OnChildFocusIn(event);
-        else
+        else if (notify)
             notify->OnChildFocusOut(event);
     });
     event.Skip(alive.IsAlive() && control.GetNativeHandle()); // wx uses the control after a skipped event

@@ -1,12 +1,10 @@
 #include "vela7/wxinplacetext.h"
 
+#include "gtkport.h"
 #include "vela7/system.h"
 #include "vela7/velawxwindow.h"
 
-#include <wx/app.h>
 #include <wx/utils.h>
-
-#include <new>
 
 namespace vela7 {
 
@@ -39,10 +37,15 @@ void ForwardMotion(const wxWindow& control, wxMouseEvent& event)
         parent->GetEventHandler()->ProcessEvent(event);
 }
 
-CDeliveryCount& HostDeliveries(const wxWindow& control, CDeliveryCount& own)
+CEventLife& HostLife(const wxWindow& control, CEventLife& own)
 {
     auto* const host = dynamic_cast<CVELAwxWindow*>(control.GetParent());
-    return host ? host->deliveries : own;
+    return host ? host->life : own;
+}
+
+void DismissList(wxWindow& control)
+{
+    gtkport::DismissList(control);
 }
 
 void ShowControl(ICustomControl& control, wxWindow& native)
@@ -66,36 +69,6 @@ void Create(wxComboBox& combo, wxWindow* parent, long style)
     combo.Create(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0, nullptr, style);
 }
 
-// What wx finds where a control was that died in the middle of its own event: one that was never created.
-template <class W>
-class CRemains : public W
-{
-public:
-    // What wx does last when it changes the text or the items; its own ones assert that there is a widget.
-    using W::SetSelection;
-    // One of the two has it. NOLINTNEXTLINE(modernize-use-override,clang-diagnostic-*)
-    void SetSelection(int) {}
-    void SetInsertionPoint(long) override {}
-
-    // For wx to delete: clears the remains away.
-    class CEnd : public wxObject
-    {
-    public:
-        explicit CEnd(CRemains* remains) : m_remains(remains) {}
-        CEnd(const CEnd&) = delete;
-        CEnd& operator=(const CEnd&) = delete;
-        ~CEnd() override
-        {
-            m_remains
-                ->wxControl::~wxControl(); // what is above owns nothing, and asserts when it is destroyed
-            ::operator delete(m_remains);
-        }
-
-    private:
-        CRemains* m_remains;
-    };
-};
-
 } // namespace
 
 template <class W, class T>
@@ -104,24 +77,6 @@ CInplaceText<W, T>::CInplaceText(wxWindow* parent, long wxStyle, IChildFocusNoti
 {
     Create(static_cast<W&>(*this), parent, wxStyle);
     AdoptLayoutDirection(this);
-}
-
-// The counterpart that the compiler expects of operator delete; it looks through an inlined one.
-template <class W, class T>
-[[gnu::noinline]] void* CInplaceText<W, T>::operator new(std::size_t size)
-{
-    return ::operator new(size);
-}
-
-template <class W, class T>
-void CInplaceText<W, T>::operator delete(void* storage)
-{
-    static_assert(sizeof(CRemains<W>) <= sizeof(CInplaceText), "they take its place");
-    if (CDeliveryCount::TakeKept(storage))
-        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): without memory the end is near anyway
-        wxTheApp->ScheduleForDestruction(new typename CRemains<W>::CEnd(::new (storage) CRemains<W>));
-    else
-        ::operator delete(storage);
 }
 
 template class CInplaceText<wxTextCtrl, CInplaceEdit>;

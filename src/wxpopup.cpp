@@ -19,9 +19,11 @@ CwxSysWindow4Popup::CwxSysWindow4Popup(CwxTransientPopup& host)
     SetPopup(1);
 }
 
-CwxSysWindow4Popup::~CwxSysWindow4Popup()
+void CwxSysWindow4Popup::ProcessDestroy()
 {
-    popup->LoseContent();
+    CwxSysWindow::ProcessDestroy();
+    if (popup)
+        popup->LoseContent();
 }
 
 void CwxSysWindow4Popup::ReleaseMouse()
@@ -32,7 +34,7 @@ void CwxSysWindow4Popup::ReleaseMouse()
 
 void CwxSysWindow4Popup::GrabForPopup()
 {
-    if (popup->IsShown())
+    if (popup && popup->IsShown())
         gtkport::GrabPointer(*popup);
 }
 

@@ -10,33 +10,25 @@
 #include "callout.h"
 #include "gtkport.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wxeventlife.h"
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace vela7 {
 
 namespace {
 
-// On the stack while wx uses menus; what goes meanwhile dies with the outermost one.
-struct CMenusInUse
+// Held while wx uses menus.
+CEventLife& Menus()
 {
-    static inline int depth = 0;
-    static inline std::vector<std::unique_ptr<wxObject>> leftovers;
-
-    CMenusInUse() { ++depth; }
-    ~CMenusInUse()
-    {
-        if (--depth == 0)
-            std::exchange(leftovers, {}).clear();
-    }
-};
+    static CEventLife menus(CEventLife::atOnce);
+    return menus;
+}
 
 void Delete(wxObject* menuOrItem)
 {
-    const CMenusInUse inUse;
-    CMenusInUse::leftovers.emplace_back(menuOrItem);
+    Menus().Outlive(std::unique_ptr<wxObject>(menuOrItem));
 }
 
 // wx asserts that an item has a label, that its first id is in a certain range, and takes some for orders.
@@ -74,13 +66,13 @@ CwxPopupMenuImpl::~CwxPopupMenuImpl()
 
 bool CwxPopupMenuImpl::ProcessEvent(wxEvent& event)
 {
-    const CMenusInUse inUse;
+    const CEventLife::CHold inUse(Menus());
     return wxMenu::ProcessEvent(event);
 }
 
 void CwxPopupMenuImpl::on_command(wxCommandEvent& event)
 {
-    const CMenusInUse inUse;
+    const CEventLife::CHold inUse(Menus());
     // As they are now: a listener may take this menu out of its parent, or destroy the window.
     wxEvtHandler* const parent = gtkport::MenuCommandsReachParents() ? nullptr : GetParentHandler();
     const wxWeakRef<wxWindow> window(GetWindow());
@@ -183,6 +175,7 @@ void CwxPopupMenu::DeleteItem(int item, PlaceType place)
     if (CwxPopupMenu* const holder = native ? native->m_owner : nullptr)
         for (auto it = holder->m_items.begin(); it != holder->m_items.end();)
             it = it->second == found ? holder->m_items.erase(it) : std::next(it);
+    gtkport::CloseSubMenu(*found); // or its window would stay, with GTK's grab
     Delete(menu->Remove(found));
 }
 
@@ -230,7 +223,7 @@ std::pair<bool, int> CwxPopupMenu::Show(int x, int y)
     std::pair<bool, int> result(false, -1);
     if (m_shown || !m_menu || m_menu->GetParent() || !m_window)
         return result;
-    const CMenusInUse inUse;
+    const CEventLife::CHold inUse(Menus());
     m_shown = true;
     m_chosen = -1;
     m_window->Bind(wxEVT_DESTROY, &CwxPopupMenu::OnWindowDestroy, this);

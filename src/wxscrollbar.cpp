@@ -2,13 +2,10 @@
 
 #include "callout.h"
 
-#include <wx/app.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <new>
 
 namespace vela7 {
 
@@ -20,14 +17,6 @@ int Truncated(double value)
     using Int = std::numeric_limits<int>;
     return std::isnan(value) ? 0 : static_cast<int>(std::clamp<double>(value, Int::min(), Int::max()));
 }
-
-// What wx, which goes on using it, finds where a bar was that died in its own event: one never created.
-struct CRemains : wxScrollBar
-{
-    static void* operator new(std::size_t, void* storage) { return storage; }
-    static void operator delete(void* storage) { ::operator delete(storage); }
-};
-static_assert(sizeof(CRemains) <= sizeof(CwxScrollBar), "it takes the place of one");
 
 } // namespace
 
@@ -54,7 +43,6 @@ CwxScrollBar::CwxScrollBar(wxWindow* parent, bool vertical)
 CwxScrollBar::~CwxScrollBar()
 {
     RevokeHandles();
-    m_deliveries.Retire(*this);
 }
 
 void CwxScrollBar::Dispose()
@@ -63,24 +51,17 @@ void CwxScrollBar::Dispose()
     Destroy();
 }
 
-// Not inlined: the compiler wants it to match operator delete.
-[[gnu::noinline]] void* CwxScrollBar::operator new(std::size_t size)
+void CwxScrollBar::OnParentEnds()
 {
-    return ::operator new(size);
-}
-
-void CwxScrollBar::operator delete(void* storage)
-{
-    if (CDeliveryCount::TakeKept(storage))
-        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): it does not allocate
-        wxTheApp->ScheduleForDestruction(new (storage) CRemains);
-    else
-        ::operator delete(storage);
+    if (!m_use.SetAside(*this))
+        return;
+    RevokeHandles();
+    StopAll();
 }
 
 bool CwxScrollBar::ProcessEvent(wxEvent& event)
 {
-    const CDeliveryCount::CDelivery delivery(m_deliveries);
+    const CEventLife::CHold hold(m_use);
     return wxScrollBar::ProcessEvent(event);
 }
 

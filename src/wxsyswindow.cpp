@@ -13,9 +13,7 @@
 #include "vela7/wxsyswindow.h"
 
 #include "gtkport.h"
-#include "handlerstack.h"
 #include "vela7/palette.h"
-#include "vela7/parentresizehandler.h"
 #include "vela7/velawxwindow.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxinplacecombo.h"
@@ -74,28 +72,6 @@ constexpr long anyBorder = wxBORDER_NONE | wxBORDER_THEME | wxBORDER_SIMPLE;
 
 } // namespace
 
-// A handler on another window's stack, for as long as this object lives.
-class CwxSysWindow::CPushedHandler
-{
-public:
-    CPushedHandler(wxWindow& target, std::unique_ptr<wxEvtHandler> handler)
-        : m_target(&target), m_handler(std::move(handler))
-    {
-        target.PushEventHandler(m_handler.get());
-    }
-    ~CPushedHandler()
-    {
-        if (m_target)
-            TakeOff(*m_target, *m_handler);
-    }
-    CPushedHandler(const CPushedHandler&) = delete;
-    CPushedHandler& operator=(const CPushedHandler&) = delete;
-
-private:
-    wxWeakRef<wxWindow> m_target;
-    std::unique_ptr<wxEvtHandler> m_handler;
-};
-
 // ---- construction and destruction
 
 CwxSysWindow::CwxSysWindow(wxWindow* parent, bool isChild_, WindowType type) : isChild(isChild_)
@@ -104,14 +80,14 @@ CwxSysWindow::CwxSysWindow(wxWindow* parent, bool isChild_, WindowType type) : i
         throw std::invalid_argument("CwxSysWindow: a toolkit window needs a parent");
     CreateNative(parent);
     try {
-        if (!isChild)
-            FillParent(parent);
         defPainter = std::make_unique<CwxWinPainter>(window);
         defPainter->SetCanvas(this);
         defPainter->SetCounted(false); // the window's own, whatever handles are made of it
         SetColors(type);
         Init();
         SetTooltip(new CwxTooltip(window));
+        if (!isChild)
+            FillParent(*parent); // the last that can fail: what it replaces does not come back
     } catch (...) {
         window->Destroy(); // has no owner yet, so this object is left alone
         throw;
@@ -131,21 +107,30 @@ void CwxSysWindow::CreateNative(wxWindow* parent)
         window->SetLayoutDirection(wxLayout_LeftToRight);
 }
 
-void CwxSysWindow::FillParent(wxWindow* parent)
+void CwxSysWindow::FillParent(wxWindow& parent)
 {
-    m_parentHandler =
-        std::make_unique<CPushedHandler>(*parent, std::make_unique<CParentResizeHandler>(window));
-    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    m_parentHandler.reset(new CParentResizeHandler(window));
+    auto sizer = std::make_unique<wxBoxSizer>(wxVERTICAL);
     sizer->Add(window, 1, wxEXPAND | wxALL, 0);
-    parent->SetSizer(sizer);
-    parent->Layout();
+    m_parentHandler->PushOnto(parent);
+    parent.SetSizer(sizer.release());
+    parent.Layout();
+}
+
+void CwxSysWindow::FollowParent()
+{
+    if (isChild)
+        return;
+    m_parentHandler.reset();
+    if (wxSizer* const old = window->GetContainingSizer())
+        old->Detach(window);
+    if (wxWindow* const parent = window->GetParent())
+        FillParent(*parent);
 }
 
 // At the beginning of the end: the parent may go before this window is through.
 void CwxSysWindow::LeaveParent()
 {
-    if (auto* const tip = dynamic_cast<CwxTooltip*>(TakeTooltip()))
-        tip->OutliveOwner();
     m_parentHandler.reset();
 }
 
@@ -166,10 +151,32 @@ void CwxSysWindow::SetColors(WindowType type)
 
 CwxSysWindow::~CwxSysWindow()
 {
+    LeaveNative();
+}
+
+// Nobody reaches this window any more, nor it the native one. It may have to wait for wx all the same, in
+// whose hands it is when it dies inside its own event.
+void CwxSysWindow::End()
+{
+    CEventLife& life = static_cast<CVELAwxWindow*>(window)->life;
+    LeaveNative();
+    life.Outlive(std::unique_ptr<wxObject>(this));
+}
+
+void CwxSysWindow::LeaveNative()
+{
+    if (!window)
+        return;
     RevokeHandles();
+    StopAll();
+    if (wxAppConsole* const application = wxApp::GetInstance())
+        application->RemovePendingEventHandler(this);
+    DeletePendingEvents();
     defPainter.reset();
+    clientDC.reset();
     m_parentHandler.reset();
     TakeOff(*window, *this);
+    window = nullptr;
 }
 
 // ---- geometry and state
@@ -412,12 +419,16 @@ CHandle<IPopupMenu> CwxSysWindow::CreateMenu()
 
 CHandle<IInplaceEdit> CwxSysWindow::CreateInplaceEdit(unsigned long style)
 {
-    return CHandle<IInplaceEdit>(new CwxInplaceEdit(window, style, &GetChildFocusNotify()));
+    auto* const edit = new CwxInplaceEdit(window, style, &GetChildFocusNotify());
+    edit->SetNotifyLife(WatchLife());
+    return CHandle<IInplaceEdit>(edit);
 }
 
 CHandle<IInplaceComboBox> CwxSysWindow::CreateInplaceComboBox(bool editable)
 {
-    return CHandle<IInplaceComboBox>(new CwxInplaceCombo(window, editable, &GetChildFocusNotify()));
+    auto* const combo = new CwxInplaceCombo(window, editable, &GetChildFocusNotify());
+    combo->SetNotifyLife(WatchLife());
+    return CHandle<IInplaceComboBox>(combo);
 }
 
 CHandle<IScrollBar> CwxSysWindow::CreateScrollBar(ScrollType type)

@@ -7,14 +7,17 @@
 
 namespace vela7 {
 
-/// Calls a hook. False: a listener destroyed the window. Then the event counts as handled whatever passOn
-/// says, since wx uses the window after an unhandled event.
+/// Calls a hook. False: a listener destroyed the window, or wanted its end before this event came; then the
+/// hook is not called. In both cases the event counts as handled whatever passOn says, since wx uses the
+/// window after an unhandled event.
 template <class Hook>
 bool CwxSysWindow::Deliver(wxEvent& event, Hook hook)
 {
-    const CDeliveryCount::CDelivery delivery(window->deliveries);
-    CallOut(hook);
-    if (delivery.IsAlive())
+    const CEventLife::CHold hold(window->life);
+    const bool wanted = !window->life.IsEnding();
+    if (wanted)
+        CallOut(hook);
+    if (wanted && hold.IsAlive())
         return true;
     event.Skip(false);
     event.StopPropagation();

@@ -52,6 +52,19 @@ wxBEGIN_EVENT_TABLE(CwxSysWindow, wxEvtHandler)
 wxEND_EVENT_TABLE()
 // clang-format on
 
+bool CwxSysWindow::ProcessEvent(wxEvent& event)
+{
+    if (event.GetEventType() == wxEVT_CLOSE_WINDOW) // ends the window at once; wx looks at nothing after it
+        return wxEvtHandler::ProcessEvent(event);
+    const CEventLife::CHold hold(window->life);
+    const bool processed = wxEvtHandler::ProcessEvent(event);
+    if (hold.IsAlive())
+        return processed;
+    event.Skip(false);
+    event.StopPropagation();
+    return true;
+}
+
 // ---- mouse
 
 CMouseEvent CwxSysWindow::MakeMouseRecord(const wxMouseEvent& event, std::uint32_t button)
@@ -214,7 +227,7 @@ void CwxSysWindow::sizeEvent(wxSizeEvent& event)
 
 void CwxSysWindow::paintEvent(wxPaintEvent& event)
 {
-    if (!defPainter || defPainter->GetPaintSuppressed())
+    if (!defPainter || defPainter->GetPaintSuppressed() || window->life.IsEnding())
         return;
     wxPaintDC dc(window);
     CwxWinPainter& painter = *defPainter;

@@ -107,9 +107,6 @@ void CwxSysWindow::Synchronize(IRunnable* runnable)
 
 void CwxSysWindow::syncEvent(wxSyncEvent& event)
 {
-    // A runnable before this one may have destroyed the window, which is put off to the next idle pass.
-    if (wxTheApp && wxTheApp->IsScheduledForDestruction(window))
-        return;
     if (IRunnable* const runnable = event.GetRunnable())
         Deliver(event, [runnable] { runnable->Run(); });
 }

@@ -54,10 +54,10 @@ wxBEGIN_EVENT_TABLE(CwxTooltip, CVELAwxTipWindow)
 wxEND_EVENT_TABLE()
 // clang-format on
 
-// Not inline: the compiler takes the address of a delivery that is kept in here for a mistake.
-CDeliveryCount& CVELAwxTipWindow::GetDeliveries()
+// Not inline: the compiler takes the address of a hold that is kept elsewhere for a mistake.
+CEventLife& CVELAwxTipWindow::GetUse()
 {
-    return m_deliveries;
+    return m_use;
 }
 
 CwxTooltip::CwxTooltip(wxWindow* owner_) : CVELAwxTipWindow(owner_, wxBORDER_NONE), owner(owner_)
@@ -75,13 +75,12 @@ CwxTooltip::~CwxTooltip()
     DestroyChildren(); // the layer has a handler on this window
 }
 
-// The owner dies. If that is inside an event of the tip, wx goes on using the tip after the event.
-void CwxTooltip::OutliveOwner()
+void CwxTooltip::OnParentEnds()
 {
-    if (!GetDeliveries().PutOffDestruction(*this))
+    if (!GetUse().SetAside(*this))
         return;
-    owner->RemoveChild(this);
     owner = nullptr;
+    CVELAwxTipWindow::Show(false);
 }
 
 void CwxTooltip::Track(int x_, int y_, const std::string& text_)
@@ -218,7 +217,7 @@ template <class Reaction>
 void CwxTooltip::React(wxMouseEvent& event, Reaction reaction)
 {
     const CLifeWatch self = m_life.Watch();
-    const CDeliveryCount::CDelivery delivery(GetDeliveries());
+    const CEventLife::CHold hold(GetUse());
     if (owner)
         reaction();
     event.Skip(self.IsAlive());
@@ -274,7 +273,7 @@ void CwxTooltip::leaveEvent(wxMouseEvent& event)
 
 void CwxTooltip::contextMenuEvent(wxContextMenuEvent& event)
 {
-    const CDeliveryCount::CDelivery delivery(GetDeliveries());
+    const CEventLife::CHold hold(GetUse());
     if (owner)
         owner->GetEventHandler()->ProcessEvent(event);
     event.Skip(false);

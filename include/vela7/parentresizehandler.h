@@ -2,20 +2,15 @@
 #pragma once
 
 #include "vela7/wxexport.h"
-
-#include <wx/event.h>
-#include <wx/window.h>
-
-#include <type_traits> // wx/weakref.h needs it and does not include it
-#include <wx/weakref.h>
+#include "vela7/wxpushedhandler.h"
 
 namespace vela7 {
 
-/// Pushed onto the parent of a toolkit window that fills it: a resize of the parent lays it out again, focus
-/// that the parent gets goes on to the window.
+/// On the stack of the parent of a toolkit window that fills it: a resize of the parent lays it out again,
+/// focus that the parent gets goes on to the window.
 ///
-/// Made and deleted by the CwxSysWindow. Thread: GUI.
-class VELA7_WX_API CParentResizeHandler : public wxEvtHandler
+/// Made and ended by the CwxSysWindow. Thread: GUI.
+class VELA7_WX_API CParentResizeHandler final : public CPushedHandler
 {
 public:
     CParentResizeHandler() = default;

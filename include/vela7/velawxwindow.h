@@ -1,7 +1,7 @@
 /// The native half of a toolkit window.
 #pragma once
 
-#include "vela7/deliverycount.h"
+#include "vela7/wxeventlife.h"
 #include "vela7/wxexport.h"
 
 #include <wx/window.h>
@@ -16,27 +16,34 @@ class CwxSysWindow;
 ///
 /// Made by CwxSysWindow's constructor; wx deletes it like any child window, and with it the toolkit window.
 /// Thread: GUI.
-class VELA7_WX_API CVELAwxWindow : public wxWindow
+class VELA7_WX_API CVELAwxWindow final : public wxWindow
 {
 public:
     CVELAwxWindow() = default;
     ~CVELAwxWindow() override;
 
-    /// Deletes the window: at once, or, while it is delivering an event, on the next idle pass.
+    /// Deletes the window: at once, or, while it is in use, on the first idle pass after the event. Until
+    /// then its toolkit window hears of nothing more.
     bool Destroy() override;
+    /// A toolkit window that fills its parent fills the new one.
+    bool Reparent(wxWindowBase* newParent) override;
 
-    /// While a window is delivering, its storage outlives a deletion by its parent until the next idle pass:
-    /// wx goes on using a window after the event that destroyed it.
+    /// The storage of a window that is deleted while it is in use becomes a window that was never created,
+    /// for wx to go on with.
     static void* operator new(std::size_t size);
     static void operator delete(void* storage);
 
     /// The toolkit window; null before it is complete and for windows made by class name.
     CwxSysWindow* owner = nullptr;
 
-    /// Of the toolkit window's events.
-    CDeliveryCount deliveries;
+    /// Held while the toolkit window, or a control on it, has an event.
+    CEventLife life;
 
 private:
+    // wx's own ones assert that there is a native window.
+    void DoClientToScreen(int* x, int* y) const override;
+    bool IsTransparentBackgroundSupported(wxString* reason) const override;
+
     wxDECLARE_DYNAMIC_CLASS(CVELAwxWindow);
 };
 

@@ -3,8 +3,8 @@
 
 #include "vela7/childfocusnotify.h"
 #include "vela7/customcontrol.h"
-#include "vela7/deliverycount.h"
 #include "vela7/wxexport.h"
+#include "vela7/wxpushedhandler.h"
 
 #include <wx/event.h>
 #include <wx/window.h>
@@ -89,18 +89,30 @@ public:
 VELA7_WX_API bool FireFrom(ICustomControl& control, wxEvent& event, const std::type_info& type,
                            NotifyHandler handler, CEvent& record);
 
-/// Emits the focus signal of a control, then tells its window. notify is read when the slots are through: it
-/// may have become null.
-VELA7_WX_API void ReportChildFocus(ICustomControl& control, IChildFocusNotify* const& notify,
-                                   wxFocusEvent& event);
+/// The window that hears of the focus of a control, as long as it lives.
+struct VELA7_WX_API CFocusHost
+{
+    /// Null when there is none any more.
+    IChildFocusNotify* Get() const { return !life || life->IsAlive() ? window : nullptr; }
 
-/// The focus handlers that all wrapped controls share.
+    IChildFocusNotify* window = nullptr;
+    std::optional<CLifeWatch> life; // none: the window outlives the control
+};
+
+/// Emits the focus signal of a control, then tells its window, if both are still there.
+VELA7_WX_API void ReportChildFocus(ICustomControl& control, const CFocusHost& host, wxFocusEvent& event);
+
+/// The focus handlers that all wrapped controls share. notify may be null.
 template <class T>
 class VELA7_WX_API CFocusReporter : public CFocusFlavour<CImpCustomControl<T>>
 {
+public:
+    /// The window that hears of the focus is not called any more when this says that it is gone.
+    void SetNotifyLife(const CLifeWatch& life) { m_host.life = life; }
+
 protected:
     CFocusReporter(wxWindow* control, IChildFocusNotify* notify)
-        : CFocusFlavour<CImpCustomControl<T>>(control), m_notify(notify)
+        : CFocusFlavour<CImpCustomControl<T>>(control), m_host{notify, {}}
     {
     }
 
@@ -116,52 +128,47 @@ protected:
     /// From now on nobody hears of this control: to its users it is gone.
     void Silence()
     {
-        m_notify = nullptr;
+        m_host = CFocusHost();
         this->focus_in_signal.disconnect_all();
         this->focus_out_signal.disconnect_all();
         this->StopAll();
     }
 
-    IChildFocusNotify* m_notify; // the window that hosts the control; may be null
-
 private:
     void Report(wxFocusEvent& event, bool wanted)
     {
-        if (wanted && m_notify)
-            ReportChildFocus(*this, m_notify, event);
+        if (wanted && m_host.Get())
+            ReportChildFocus(*this, m_host, event);
         else
             event.Skip();
     }
+
+    CFocusHost m_host;
 };
 
 /// A control that the application made itself. It sits on the control's stack of event handlers.
 ///
 /// Comes from CreateCustomControl. With autoDelete it dies with its control, else with its last handle; the
 /// control's life is never its business. It supports no event types unless its user declares some.
-class VELA7_WX_API CwxControlHolder : public wxEvtHandler,
+class VELA7_WX_API CwxControlHolder : public CPushedHandler,
                                       public CFocusReporter<CImplEventSender<ICustomControl>>
 {
 public:
-    /// All may be null or false. notify must outlive the holder, or see SetNotifyLife.
+    /// All may be null or false. notify outlives the holder, or see SetNotifyLife.
     CwxControlHolder(wxWindow* control, IChildFocusNotify* notify, bool autoDelete);
     ~CwxControlHolder() override;
 
-    /// notify is not called any more when this says that it is gone.
-    void SetNotifyLife(const CLifeWatch& life) { m_notifyLife = life; }
-
-    bool ProcessEvent(wxEvent& event) override;
     void Dispose() override;
 
+protected:
+    bool ProcessHeld(wxEvent& event) override;
+
 private:
-    void focusInEvent(wxFocusEvent& event);
-    void focusOutEvent(wxFocusEvent& event);
+    void focusInEvent(wxFocusEvent& event) { ReportFocusIn(event); }
+    void focusOutEvent(wxFocusEvent& event) { ReportFocusOut(event); }
     void destroyEvent(wxWindowDestroyEvent& event);
-    bool ProcessDestroy(wxEvent& event);
-    void ForgetDeadWindow();
 
     bool m_autoDelete;
-    std::optional<CLifeWatch> m_notifyLife;
-    CDeliveryCount m_deliveries;
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -9,7 +9,6 @@
 #include <wx/combobox.h>
 #include <wx/textctrl.h>
 
-#include <cstddef>
 #include <string>
 
 namespace vela7 {
@@ -33,8 +32,10 @@ VELA7_WX_API point<int> ContextMenuPosition(const wxWindow& control, const wxCon
 /// Lets the parent keep track of the mouse over the control: motion without buttons, in an active
 /// application.
 VELA7_WX_API void ForwardMotion(const wxWindow& control, wxMouseEvent& event);
-/// Those of the toolkit window that hosts the control; own when it is hosted by another window.
-VELA7_WX_API CDeliveryCount& HostDeliveries(const wxWindow& control, CDeliveryCount& own);
+/// That of the toolkit window that hosts the control; own when it is hosted by another window.
+VELA7_WX_API CEventLife& HostLife(const wxWindow& control, CEventLife& own);
+/// Closes the list of a combo box: GTK's grab for it must not outlive the control.
+VELA7_WX_API void DismissList(wxWindow& control);
 /// Fonts, colours, then on the screen.
 VELA7_WX_API void ShowControl(ICustomControl& control, wxWindow& native);
 
@@ -44,23 +45,28 @@ VELA7_WX_API void ShowControl(ICustomControl& control, wxWindow& native);
 /// any time: when the handle goes inside one of its own notifications, the control falls silent at once and
 /// disappears when the event is over. Thread: GUI.
 template <class W, class T>
-class VELA7_WX_API CInplaceText : public W, public CFocusReporter<T>, private CTextProcessingFlag
+class VELA7_WX_API CInplaceText : public W,
+                                  public CFocusReporter<T>,
+                                  private CTextProcessingFlag,
+                                  public IEndsWithParent
 {
 public:
     ~CInplaceText() override
     {
         this->RevokeHandles();
-        m_deliveries.Retire(*this);
+        DismissList(*this);
     }
 
-    static void* operator new(std::size_t size);
-    static void operator delete(void* storage);
-
-    bool Destroy() override { return m_deliveries.PutOffDestruction(*this) || W::Destroy(); }
+    /// Deletes the control: at once, or, while it is in use, on the first idle pass after the event.
+    bool Destroy() override
+    {
+        DismissList(*this);
+        return m_use.PutOffDestruction(*this) || W::Destroy();
+    }
     void Dispose() override
     {
         const CLifeWatch alive = this->WatchLife();
-        if (m_deliveries.IsDelivering())
+        if (m_use.IsHeld())
             this->Silence();
         if (alive.IsAlive())
             Destroy();
@@ -69,7 +75,7 @@ public:
     bool ProcessEvent(wxEvent& event) override
     {
         // The window waits too, so that all is as usual when GTK is back in its own code.
-        const CDeliveryCount::CDelivery delivery(m_deliveries), above(HostDeliveries(*this, m_deliveries));
+        const CEventLife::CHold hold(m_use), above(HostLife(*this, m_use));
         if (event.GetEventType() == wxEVT_NAVIGATION_KEY)
             ForwardNavigation(*this, static_cast<wxNavigationKeyEvent&>(event));
         else if (IsTabPress(event))
@@ -169,7 +175,16 @@ protected:
     void OnEraseBackground(wxEraseEvent&) {}
 
 private:
-    CDeliveryCount m_deliveries;
+    void OnParentEnds() override
+    {
+        DismissList(*this);
+        if (!m_use.SetAside(*this))
+            return;
+        this->RevokeHandles();
+        this->Silence();
+    }
+
+    CEventLife m_use;
 };
 
 extern template class CInplaceText<wxTextCtrl, CInplaceEdit>;

@@ -21,15 +21,14 @@ public:
 
     /// Afterwards a click elsewhere still ends the popup: that takes a grab, which the capture has displaced.
     void ReleaseMouse() override;
-
-protected:
-    ~CwxSysWindow4Popup() override;
+    /// The popup hides, unless it is gone itself.
+    void ProcessDestroy() override;
 
 private:
     friend class CwxTransientPopup;
     void GrabForPopup();
 
-    CwxTransientPopup* popup; // outlives this window
+    wxWeakRef<CwxTransientPopup> popup; // a listener may destroy it while this window ends
 };
 
 /// A popup: a borderless window with one toolkit window in it, which takes all mouse and keyboard input of

@@ -1,8 +1,8 @@
 /// Scroll bars on wx.
 #pragma once
 
-#include "vela7/deliverycount.h"
 #include "vela7/scrollbar.h"
+#include "vela7/wxeventlife.h"
 #include "vela7/wxexport.h"
 
 #include <wx/scrolbar.h>
@@ -15,7 +15,7 @@ namespace vela7 {
 /// notification. Never takes the focus. Thread: GUI. Minimum and step are whole numbers: fractions of
 /// ScrollInfo::min and line are cut off, a step is at least 1. What is not a number counts as 0, what an int
 /// cannot hold as the nearest that it can; an empty or reversed range leaves nothing to scroll.
-class VELA7_WX_API CwxScrollBar : public wxScrollBar, public CScrollBar
+class VELA7_WX_API CwxScrollBar : public wxScrollBar, public CScrollBar, public IEndsWithParent
 {
 public:
     CwxScrollBar(wxWindow* parent, bool vertical);
@@ -44,16 +44,14 @@ public:
 
     bool AcceptsFocus() const override { return false; }
     bool ProcessEvent(wxEvent& event) override;
-    /// Deletes the bar: at once, or, while it is delivering an event, on the next idle pass.
-    bool Destroy() override { return m_deliveries.PutOffDestruction(*this) || wxScrollBar::Destroy(); }
-    /// The storage of a bar that died in its own event stays until the next idle pass.
-    static void* operator new(std::size_t size);
-    static void operator delete(void* storage);
+    /// Deletes the bar: at once, or, while it is in use, on the first idle pass after the event.
+    bool Destroy() override { return m_use.PutOffDestruction(*this) || wxScrollBar::Destroy(); }
 
 protected:
     void Dispose() override;
 
 private:
+    void OnParentEnds() override;
     void Report(double value, ScrollAction action);
     void Report(const wxScrollEvent& e, ScrollAction a) { Report(RecalculatedScrollVal(e.GetPosition()), a); }
     void eventScrollTop(wxScrollEvent&) { Report(m_min, saAbsolute); }
@@ -69,7 +67,7 @@ private:
     int m_step = 1; // units per thumb position, never below 1
     int m_min = 0;  // the value at thumb position 0
     bool m_flag = false;
-    CDeliveryCount m_deliveries;
+    CEventLife m_use;
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vela7/childfocusnotify.h"
+#include "vela7/parentresizehandler.h"
 #include "vela7/window.h"
 #include "vela7/wxexport.h"
 #include "vela7/wxsyncevent.h"
@@ -20,7 +21,6 @@ class wxScreenDC;
 
 namespace vela7 {
 
-class CParentResizeHandler;
 class CVELAwxWindow;
 
 /// A toolkit window in a wx application.
@@ -88,6 +88,9 @@ public:
     void OnChildFocusIn(wxFocusEvent& event) override;
     void OnChildFocusOut(wxFocusEvent& event) override;
 
+    /// The window is in use until wx is through with the event.
+    bool ProcessEvent(wxEvent& event) override;
+
 protected:
     friend class CVELAwxWindow;        // deletes the toolkit window
     friend class CParentResizeHandler; // holds its resizes
@@ -104,11 +107,12 @@ protected:
     bool isChild;
 
 private:
-    class CPushedHandler;
-
     void CreateNative(wxWindow* parent);
-    void FillParent(wxWindow* parent);
+    void FillParent(wxWindow& parent);
+    void FollowParent();
     void LeaveParent();
+    void LeaveNative();
+    void End();
     void HoldResize();
     void ReleaseResize();
     void SetColors(WindowType type);
@@ -144,8 +148,9 @@ private:
     void syncEvent(wxSyncEvent& event);
     void navigationEvent(wxNavigationKeyEvent& event);
 
-    std::unique_ptr<CPushedHandler> m_parentHandler; // of a window that fills its parent
-    bool m_resizeHeld = false;                       // while the parent is laid out
+    // Of a window that fills its parent.
+    std::unique_ptr<CParentResizeHandler, CPushedHandler::CDeleter> m_parentHandler;
+    bool m_resizeHeld = false; // while the parent is laid out
     bool m_resizePending = false;
     mutable const void* m_clientDrawable = nullptr; // what clientDC was made for
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "vela7/cbase.h"
-#include "vela7/deliverycount.h"
 #include "vela7/tooltip.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wxeventlife.h"
 #include "vela7/wxexport.h"
 
 #include <wx/display.h>
@@ -21,21 +21,21 @@ public:
     bool AcceptsFocus() const override { return false; }
     /// Does nothing: wx gives any window the focus that is pressed.
     void SetFocus() override {}
-    /// Deletes the tip: at once, or, while it is delivering an event, on the next idle pass.
-    bool Destroy() override { return m_deliveries.PutOffDestruction(*this) || wxPopupWindow::Destroy(); }
+    /// Deletes the tip: at once, or, while it is in use, on the first idle pass after the event.
+    bool Destroy() override { return m_use.PutOffDestruction(*this) || wxPopupWindow::Destroy(); }
 
 protected:
-    CDeliveryCount& GetDeliveries(); // of mouse events
+    CEventLife& GetUse(); // by mouse events
 
 private:
-    CDeliveryCount m_deliveries;
+    CEventLife m_use;
 };
 
 /// The tip of a toolkit window: a framed box of text, or a custom layer.
 ///
 /// Made by the toolkit window (ISysWindow::TakeTooltip), a wx child of its native window, deleted with it.
 /// Mouse events on the tip go on to the owner, in the owner's coordinates. Thread: GUI.
-class VELA7_WX_API CwxTooltip : public CVELAwxTipWindow, public ITooltip
+class VELA7_WX_API CwxTooltip : public CVELAwxTipWindow, public ITooltip, public IEndsWithParent
 {
 public:
     /// 200 x 200 at (0, 0), hidden.
@@ -67,8 +67,7 @@ public:
     void HideInt() override;
 
 private:
-    friend class CwxSysWindow; // tells of its end
-    void OutliveOwner();
+    void OnParentEnds() override;
     void CalcRect();
     wxSize MeasureText();
     int MaxWidth() const;

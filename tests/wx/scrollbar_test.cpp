@@ -183,7 +183,7 @@ TEST_F(ScrollBars, EndingInTheNotification)
 {
     // clang-format off
     const std::function<void()> ends[] = {
-        [this] { bar = nullptr; },    [this] { nativeBar->Destroy(); }, [this] { delete nativeBar; },
+        [this] { bar = nullptr; },    [this] { nativeBar->Destroy(); },
         [this] { native->Destroy(); }, [this] { bar = nullptr, panel->Destroy(); }, [this] { frame->Destroy(); }};
     // clang-format on
     for (const bool drag : {false, true})
