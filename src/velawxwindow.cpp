@@ -1,6 +1,7 @@
 #include "vela7/velawxwindow.h"
 
 #include "vela7/wxsyswindow.h"
+#include "wxcapture.h"
 
 #include <wx/app.h>
 
@@ -39,8 +40,7 @@ CVELAwxWindow::~CVELAwxWindow()
         owner->ProcessDestroy();
     if (!parent)
         m_parent = nullptr;
-    if (HasCapture())
-        ReleaseMouse();
+    capture::Leave(*this);
     DestroyChildren();
     delete owner;
     owner = nullptr;

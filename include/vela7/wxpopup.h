@@ -19,21 +19,22 @@ class VELA7_WX_API CwxSysWindow4Popup : public CwxSysWindow
 public:
     explicit CwxSysWindow4Popup(CwxTransientPopup& host);
 
-    /// Afterwards a click elsewhere still ends the popup: that takes a grab, which the capture has displaced.
+    /// Afterwards a click elsewhere still ends the popup on top: that takes a grab, which the capture has
+    /// displaced.
     void ReleaseMouse() override;
 
 protected:
     ~CwxSysWindow4Popup() override;
 
 private:
-    friend class CwxTransientPopup;
-    void GrabForPopup();
-
     CwxTransientPopup* popup; // outlives this window
 };
 
 /// A popup: a borderless window with one toolkit window in it, which takes all mouse and keyboard input of
 /// the application while it is shown.
+///
+/// Of several, the one that was shown last has the pointer grab, until it hides. A popup hides with the
+/// window that created it, or anything that is in.
 ///
 /// Made by CwxSysWindow::CreatePopup. It is a wx child of the creating window's native one and dies with it,
 /// or after its last handle was released: it is hidden at once then and destroyed on the next idle pass, so
@@ -44,8 +45,8 @@ public:
     explicit CwxTransientPopup(CwxSysWindow& creator);
     ~CwxTransientPopup() override;
 
-    using wxPopupTransientWindow::Show;
     void Show(int x, int y) override;
+    bool Show(bool show = true) override;
     void Hide() override;
     bool IsVisible() const override;
     /// Takes effect at the next click elsewhere. One that found the popup without auto-hide has ended the
