@@ -3,11 +3,13 @@
 
 #include "support/pixels.h"
 #include "support/process.h"
+#include "vela7/wxpopup.h"
 #include "vela7/wxtooltip.h"
 
 #include <cstring>
 #include <wx/app.h>
 #include <wx/dcclient.h>
+#include <wx/dialog.h>
 #include <wx/textctrl.h>
 
 #include <gdk/gdkx.h>
@@ -25,13 +27,17 @@ public:
     {
         frame->DestroyChildren();
         panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 300));
-        window = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
+        Use(new CwxSysWindow(panel, true, ISysWindow::wtNormal));
         window->SetWindowRect(20, 10, 220, 110, false);
+        MovePointer(500, 700); // beside everything
+    }
+    void Use(CwxSysWindow* owner)
+    {
+        window = owner;
         window->SetTooltipDelay(0);
         native = Native(window);
         tip = dynamic_cast<CwxTooltip*>(window->TakeTooltip());
         ASSERT_TRUE(tip);
-        MovePointer(500, 700); // beside everything
     }
     void ShowAt(int x, int y, const std::string& text)
     {
@@ -143,6 +149,24 @@ TEST_F(Tooltip, WidthFollowsThePointersMonitor)
         EXPECT_EQ(pointer == 900 ? 1 : -1, tip->GetMonitorIndex());
         EXPECT_EQ(width, SizeOf(text).x) << owner;
     }
+    MovePointer(900, 700);
+    // clang-format off
+    const struct { int x, y, left, right, top, bottom; } places[] = { // of 700..1200 x 0..1200
+        {0, -9, 700, -1, 0, -1}, {1199, 1199, -1, 1200, -1, 1200}, {-1, 20, 700, -1, 20, -1}, {750, 1201, 750, -1, -1, 1200},
+    };
+    // clang-format on
+    for (const auto& place : places)
+        for (const bool shown : {false, true}) { // by being shown, and by tracking what is shown
+            shown ? void() : window->HideTooltip();
+            window->TrackTooltip(place.x, place.y, "mm");
+            const wxRect at = tip->GetScreenRect().left == place.x ? tip->GetRect() : wxRect();
+            EXPECT_TRUE(place.left < 0 || at.GetLeft() == place.left) << place.x << ',' << place.y;
+            EXPECT_TRUE(place.right < 0 || at.GetRight() + 1 == place.right) << place.x << ',' << place.y;
+            EXPECT_TRUE(place.top < 0 || at.GetTop() == place.top) << place.x << ',' << place.y;
+            EXPECT_TRUE(place.bottom < 0 || at.GetBottom() + 1 == place.bottom) << place.x << ',' << place.y;
+            EXPECT_EQ(SizeOf("mm"), at.GetSize());
+        }
+    window->HideTooltip();
     ChangeMonitors("xrandr --delmonitor A; xrandr --delmonitor B", 1);
 }
 
@@ -208,6 +232,47 @@ TEST_F(Tooltip, HandsTheMouseOnToItsOwner)
         ReleaseAll();
         window->HideTooltip();
     }
+}
+
+// A modal dialog and a popup have GTK's grab: tips in them hear the mouse and end with them, others do not.
+TEST_F(Tooltip, UnderAGrab)
+{
+    CwxSysWindow* const behind = window;
+    Recorder heardBehind(behind);
+    heardBehind.Hear<IMouseNotify>();
+    const auto use = [&](ISysWindow* inside, const std::function<void()>& close) {
+        Use(dynamic_cast<CwxSysWindow*>(inside));
+        Recorder heard(window);
+        heard.Hear<IMouseNotify>();
+        PointAtTip();
+        heard.Take();
+        Click();
+        EXPECT_EQ((Lines{press, release}), heard.Take());
+        EXPECT_TRUE(tip->IsVisible() && native->IsShownOnScreen());
+        PointAt(native, 100, 50);
+        EXPECT_FALSE(tip->IsVisible());
+        ShowAt(10, 10, "mmm");
+        behind->TrackTooltip(150, 600, "mmm");
+        MovePointer(155, 605);
+        Click();
+        EXPECT_EQ(0, heardBehind.Count("press"));
+        close();
+        EXPECT_FALSE(tip->IsVisible());
+    };
+    const CHandle<IPopup> popup = window->CreatePopup();
+    popup->SetSize(200, 100);
+    popup->Show(600, 100);
+    use(popup->GetContent(), [&] { EXPECT_FALSE(popup->IsVisible()) << "a click beside it"; });
+    wxDialog dialog(frame, wxID_ANY, "", wxPoint(600, 100), wxSize(300, 200));
+    auto* const inDialog = new CwxSysWindow(&dialog, true, ISysWindow::wtNormal);
+    inDialog->SetWindowRect(20, 10, 220, 110, false);
+    dialog.CallAfter([&] {
+        EXPECT_TRUE(WaitFor([&] { return Viewable(&dialog) && dialog.IsActive(); }, "the dialog"));
+        use(inDialog, [&] { dialog.EndModal(0); });
+        window->TrackTooltip(300, 300, "mmm");
+        EXPECT_FALSE(tip->IsVisible()) << "of a hidden one";
+    });
+    dialog.ShowModal();
 }
 
 TEST_F(Tooltip, DiesWithItsOwner)
