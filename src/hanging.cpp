@@ -79,12 +79,11 @@ public:
 
 void Shown(wxWindow& window, bool grabs, std::function<void()> hide)
 {
-    static const auto* const filter = [] {
-        auto* const made = new CHideFilter; // stays: wx goes on along its list after a filter was called
-        wxEvtHandler::AddFilter(made);
-        return made;
+    static const bool filtered = [] {
+        wxEvtHandler::AddFilter(new CHideFilter); // stays: wx goes on along its list after it called one
+        return true;
     }();
-    static_cast<void>(filter);
+    static_cast<void>(filtered);
     Hidden(window);
     Entries().push_back({&window, grabs, std::move(hide)});
 }

@@ -170,7 +170,7 @@ void CwxTooltip::ShowInt()
     CalcRect();
     if (!self.IsAlive())
         return;
-    if (!owner->IsShownOnScreen()) { // it was hidden while the tip was waiting
+    if (!owner || !owner->IsShownOnScreen()) { // it was hidden while the tip was waiting
         Clear();
         return;
     }
