@@ -49,6 +49,39 @@ void SetTransient(wxWindow& popup, bool transient)
 
 namespace {
 
+// An event that the grab has brought to a top-level window goes on to the popup that it happened on.
+gboolean PassToPopup(GtkWidget*, GdkEvent* event, gpointer popup)
+{
+    GtkWidget* const target = gtk_get_event_widget(event);
+    if (!target || gtk_widget_get_toplevel(target) != popup)
+        return FALSE;
+    const bool crossing = event->type == GDK_ENTER_NOTIFY || event->type == GDK_LEAVE_NOTIFY;
+    if (crossing)
+        gtk_widget_event(target, event);
+    else
+        gtk_propagate_event(target, event);
+    return TRUE;
+}
+
+} // namespace
+
+CPastGrab::CPastGrab(const wxWindow& popup)
+    : m_top(gtk_widget_get_toplevel(popup.GetParent()->GetHandle())),
+      m_handler(g_signal_connect(m_top, "event", G_CALLBACK(PassToPopup), popup.GetHandle()))
+{
+    g_object_add_weak_pointer(G_OBJECT(m_top), &m_top);
+}
+
+CPastGrab::~CPastGrab()
+{
+    if (!m_top)
+        return;
+    g_signal_handler_disconnect(m_top, m_handler);
+    g_object_remove_weak_pointer(G_OBJECT(m_top), &m_top);
+}
+
+namespace {
+
 class CKeptWidgets : public wxObject
 {
 public:

@@ -37,6 +37,23 @@ void SetTransient(wxWindow& popup, bool transient);
 /// The picture of complete XPM lines, with the colour names as GTK knows them; invalid when there is none.
 wxBitmap BitmapFromXPM(const char* const* lines);
 
+/// While it lives, a popup's events reach it although the top-level window that its parent is in has GTK's
+/// grab, as a modal dialog and a transient popup have: that takes the events of all other windows. A window
+/// group of its own would do for the dialog; but while the pointer is grabbed as well, GTK takes another
+/// group for another application.
+class CPastGrab
+{
+public:
+    explicit CPastGrab(const wxWindow& popup);
+    ~CPastGrab();
+    CPastGrab(const CPastGrab&) = delete;
+    CPastGrab& operator=(const CPastGrab&) = delete;
+
+private:
+    void* m_top; // the widget; null once it is gone
+    unsigned long m_handler;
+};
+
 /// Has the pointer's events reported to a top-level window, wherever on the screen the pointer is; those
 /// inside the application go on to the windows they belong to.
 void GrabPointer(const wxWindow& window);

@@ -2,6 +2,7 @@
 
 #include "gtkport.h"
 #include "vela7/wxsyswindow.h"
+#include "wxcapture.h"
 
 #include <new>
 #include <utility>
@@ -27,20 +28,25 @@ CVELAwxWindow::~CVELAwxWindow()
         owner->ProcessDestroy();
     if (!parent)
         m_parent = nullptr;
-    if (HasCapture())
-        ReleaseMouse();
-    std::vector<IEndsWithParent*> controls;
-    for (wxWindow* const child : GetChildren())
-        if (auto* const control = dynamic_cast<IEndsWithParent*>(child))
-            controls.push_back(control);
-    for (IEndsWithParent* const control : controls)
-        control->OnParentEnds();
+    capture::Leave(*this);
+    EndControls();
     DestroyChildren();
     if (!parent)
         m_parent = nullptr;
     if (owner)
         std::exchange(owner, nullptr)->End();
     life.KeepStorage(*this);
+}
+
+// One that is told may have listeners that destroy another.
+void CVELAwxWindow::EndControls()
+{
+    std::vector<wxWeakRef<wxWindow>> children;
+    for (wxWindow* const child : GetChildren())
+        children.emplace_back(child);
+    for (const wxWeakRef<wxWindow>& child : children)
+        if (auto* const control = dynamic_cast<IEndsWithParent*>(child.get()))
+            control->OnParentEnds();
 }
 
 bool CVELAwxWindow::Destroy()

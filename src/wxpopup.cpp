@@ -7,7 +7,8 @@
 
 #include "vela7/wxpopup.h"
 
-#include "gtkport.h"
+#include "hanging.h"
+#include "wxcapture.h"
 
 namespace vela7 {
 
@@ -29,13 +30,8 @@ void CwxSysWindow4Popup::ProcessDestroy()
 void CwxSysWindow4Popup::ReleaseMouse()
 {
     CwxSysWindow::ReleaseMouse();
-    GrabForPopup();
-}
-
-void CwxSysWindow4Popup::GrabForPopup()
-{
-    if (popup && popup->IsShown())
-        gtkport::GrabPointer(*popup);
+    if (!wxWindow::GetCapture())
+        hanging::RestoreGrab();
 }
 
 // ---- popup
@@ -56,7 +52,7 @@ CwxTransientPopup::~CwxTransientPopup()
     if (above)
         above->GetChildren().DeleteObject(this);
     if (IsShown())
-        wxPopupTransientWindow::Show(false);
+        Show(false);
     PopHandlers();
     DestroyChildren();
     if (!above)
@@ -73,6 +69,21 @@ void CwxTransientPopup::Show(int x, int y)
     SendSizeEvent();
     if (alive.IsAlive() && !wxPendingDelete.Member(this))
         Popup();
+}
+
+// wx's way, on which every showing and hiding goes. Hiding ends whatever pointer grab there is.
+bool CwxTransientPopup::Show(bool show)
+{
+    if (!show) {
+        hanging::Hidden(*this);
+        capture::LeaveAllIn(*this);
+    }
+    const bool changed = wxPopupTransientWindow::Show(show);
+    if (show)
+        hanging::Shown(*this, true, [this] { Hide(); });
+    else
+        hanging::RestoreGrab(); // by then listeners may have deleted this window
+    return changed;
 }
 
 void CwxTransientPopup::Hide()
@@ -129,9 +140,6 @@ void CwxTransientPopup::OnDismiss()
     if (parent->IsDestroyed())
         return; // would neither run nor delete what it is given
     parent->Synchronize(new CFocusRunnable(parent));
-    // The end of a popup ends the grab; one that it was opened from needs its own back.
-    if (auto* const outer = dynamic_cast<CwxSysWindow4Popup*>(parent))
-        outer->GrabForPopup();
 }
 
 // The content is being destroyed, together with this popup or on its own.

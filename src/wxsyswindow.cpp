@@ -23,6 +23,7 @@
 #include "vela7/wxpopupmenu.h"
 #include "vela7/wxscrollbar.h"
 #include "vela7/wxtooltip.h"
+#include "wxcapture.h"
 
 #include <wx/app.h>
 #include <wx/dcclient.h>
@@ -269,14 +270,13 @@ bool CwxSysWindow::InternalSetCursor(int id)
 
 void CwxSysWindow::CaptureMouse()
 {
-    if (!window->HasCapture())
-        window->CaptureMouse();
+    if (!IsDestroyed()) // what it is told of its end is no time for it
+        capture::Take(*window);
 }
 
 void CwxSysWindow::ReleaseMouse()
 {
-    if (window->HasCapture())
-        window->ReleaseMouse();
+    capture::Release(*window);
 }
 
 int CwxSysWindow::GetMonitorIndex() const

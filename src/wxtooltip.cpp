@@ -7,6 +7,7 @@
 #include "vela7/wxtooltip.h"
 
 #include "gtkport.h"
+#include "hanging.h"
 #include "vela7/system.h"
 #include "vela7/velawxwindow.h"
 #include "vela7/wxsyswindow.h"
@@ -69,6 +70,7 @@ CwxTooltip::CwxTooltip(wxWindow* owner_) : CVELAwxTipWindow(owner_, wxBORDER_NON
 CwxTooltip::~CwxTooltip()
 {
     m_life.Revoke();
+    hanging::Hidden(*this);
     CwxSysWindow* const window = GetWrapper(owner);
     if (window && window->TakeTooltip() == this)
         window->SetTooltip(nullptr);
@@ -103,8 +105,21 @@ screen_rectangle<int> CwxTooltip::GetScreenRect() const
 
 void CwxTooltip::CalcRect()
 {
-    const wxSize extent = layerMode == lmNormal ? MeasureText() : wxSize(fixedWidth, fixedHeight);
-    SetSize(x, y, std::max(extent.GetWidth(), 0), std::max(extent.GetHeight(), 0), wxSIZE_AUTO);
+    wxSize extent = layerMode == lmNormal ? MeasureText() : wxSize(fixedWidth, fixedHeight);
+    extent.IncTo(wxSize(0, 0));
+    const wxPoint place = IsShown() ? PlaceOnMonitor(extent) : wxPoint(x, y);
+    SetSize(place.x, place.y, extent.GetWidth(), extent.GetHeight(), wxSIZE_AUTO);
+}
+
+// Where the tip is as a whole on the monitor of the pointer, or its beginning when it is too large.
+wxPoint CwxTooltip::PlaceOnMonitor(const wxSize& extent) const
+{
+    const int monitor = GetMonitorIndex();
+    if (monitor < 0 || monitor >= static_cast<int>(wxDisplay::GetCount()))
+        return {x, y};
+    const wxRect area = wxDisplay(static_cast<unsigned>(monitor)).GetGeometry();
+    return {std::max(area.x, std::min(x, area.x + area.width - extent.GetWidth())),
+            std::max(area.y, std::min(y, area.y + area.height - extent.GetHeight()))};
 }
 
 wxSize CwxTooltip::MeasureText()
@@ -152,8 +167,16 @@ void CwxTooltip::ShowInt()
     const wxSize extent(fixedWidth, fixedHeight);
     gtkport::SetTransient(*this, true);
     CalcRect();
-    if (self.IsAlive())
-        CVELAwxTipWindow::Show(true);
+    if (!self.IsAlive())
+        return;
+    if (!owner || !owner->IsShownOnScreen()) { // it was hidden while the tip was waiting
+        Clear();
+        return;
+    }
+    Move(PlaceOnMonitor(GetSize()), wxSIZE_ALLOW_MINUS_ONE);
+    hanging::Shown(*this, false, [this] { Dismiss(); });
+    m_pastGrab = std::make_unique<gtkport::CPastGrab>(*this);
+    CVELAwxTipWindow::Show(true);
     if (!self.IsAlive())
         return;
     Clear();
@@ -167,6 +190,8 @@ void CwxTooltip::ShowInt()
 void CwxTooltip::HideInt()
 {
     const CLifeWatch self = m_life.Watch();
+    hanging::Hidden(*this);
+    m_pastGrab.reset();
     ISysWindow* const layer = layerMode == lmCustom && hideLayerOnHide ? GetCustomLayer() : nullptr;
     if (layer) {
         layerMode = lmNormal;
@@ -223,13 +248,15 @@ void CwxTooltip::React(wxMouseEvent& event, Reaction reaction)
     event.Skip(self.IsAlive());
 }
 
-// False when the owner did not survive it.
+// To the toolkit window itself, past what others have pushed: wx's handler on a popup's content dismisses the
+// popup when a click lies outside the content. False when the owner did not survive it.
 bool CwxTooltip::Forward(wxMouseEvent& event)
 {
     const CLifeWatch self = m_life.Watch();
     const wxPoint position = owner->ScreenToClient(ClientToScreen(event.GetPosition()));
     event.SetPosition(position);
-    owner->GetEventHandler()->ProcessEvent(event);
+    CwxSysWindow* const window = GetWrapper(owner);
+    (window ? window : owner->GetEventHandler())->ProcessEvent(event);
     return self.IsAlive() && owner;
 }
 

@@ -40,6 +40,7 @@ public:
     CEventLife life;
 
 private:
+    void EndControls();
     // wx's own ones assert that there is a native window.
     void DoClientToScreen(int* x, int* y) const override;
     bool IsTransparentBackgroundSupported(wxString* reason) const override;

@@ -19,20 +19,21 @@ class VELA7_WX_API CwxSysWindow4Popup : public CwxSysWindow
 public:
     explicit CwxSysWindow4Popup(CwxTransientPopup& host);
 
-    /// Afterwards a click elsewhere still ends the popup: that takes a grab, which the capture has displaced.
+    /// Afterwards a click elsewhere still ends the popup on top: that takes a grab, which the capture has
+    /// displaced.
     void ReleaseMouse() override;
     /// The popup hides, unless it is gone itself.
     void ProcessDestroy() override;
 
 private:
-    friend class CwxTransientPopup;
-    void GrabForPopup();
-
     wxWeakRef<CwxTransientPopup> popup; // a listener may destroy it while this window ends
 };
 
 /// A popup: a borderless window with one toolkit window in it, which takes all mouse and keyboard input of
 /// the application while it is shown.
+///
+/// Of several, the one that was shown last has the pointer grab, until it hides. A popup hides with the
+/// window that created it, or anything that is in.
 ///
 /// Made by CwxSysWindow::CreatePopup. It is a wx child of the creating window's native one and dies with it,
 /// or after its last handle was released: it is hidden at once then and destroyed on the next idle pass, so
@@ -43,8 +44,8 @@ public:
     explicit CwxTransientPopup(CwxSysWindow& creator);
     ~CwxTransientPopup() override;
 
-    using wxPopupTransientWindow::Show;
     void Show(int x, int y) override;
+    bool Show(bool show = true) override;
     void Hide() override;
     bool IsVisible() const override;
     /// Takes effect at the next click elsewhere. One that found the popup without auto-hide has ended the

@@ -11,7 +11,13 @@
 #include <wx/popupwin.h>
 #include <wx/utils.h>
 
+#include <memory>
+
 namespace vela7 {
+
+namespace gtkport {
+class CPastGrab;
+}
 
 /// The wx window that a tip is shown in. It never takes the focus. Thread: GUI.
 class VELA7_WX_API CVELAwxTipWindow : public wxPopupWindow
@@ -34,7 +40,8 @@ private:
 /// The tip of a toolkit window: a framed box of text, or a custom layer.
 ///
 /// Made by the toolkit window (ISysWindow::TakeTooltip), a wx child of its native window, deleted with it.
-/// Mouse events on the tip go on to the owner, in the owner's coordinates. Thread: GUI.
+/// Mouse events on the tip go on to the owner, in the owner's coordinates. It hides with the owner and with
+/// anything that the owner is in. Thread: GUI.
 class VELA7_WX_API CwxTooltip : public CVELAwxTipWindow, public ITooltip, public IEndsWithParent
 {
 public:
@@ -47,6 +54,7 @@ public:
     void SetTextColor(const _color& color) override { SetForegroundColour(vela2wx(color)); }
     using CVELAwxTipWindow::SetFont;
     void SetFont(const font& value) override { SetFont(vela2wx(value)); }
+    /// What is shown is moved from there onto the pointer's monitor.
     void SetPos(const point<int>& screen) override { x = screen.x, y = screen.y; }
     void SetHeight(int height) override { fixedHeight = height; }
     /// Text is wrapped at this width; narrower text makes a narrower tip.
@@ -69,6 +77,7 @@ public:
 private:
     void OnParentEnds() override;
     void CalcRect();
+    wxPoint PlaceOnMonitor(const wxSize& extent) const;
     wxSize MeasureText();
     int MaxWidth() const;
     template <class Reaction>
@@ -87,7 +96,8 @@ private:
     int x = 0, y = 0, fixedWidth = 0, fixedHeight = 0; // fixed: for the next showing, 0 = by the text
     bool singleLine = true, hideLayerOnHide = true;
     LayerMode layerMode = lmNormal;
-    ISysWindow* customLayer = nullptr; // on the tip; made when first asked for
+    ISysWindow* customLayer = nullptr;              // on the tip; made when first asked for
+    std::unique_ptr<gtkport::CPastGrab> m_pastGrab; // while it is shown
     CLifeWatch m_layerLife;
     CLifeFlag m_life;
     wxDECLARE_EVENT_TABLE();

@@ -3,6 +3,7 @@
 
 #include <gdk/gdkkeysyms.h>
 #include <gtk/gtk.h>
+#include <map>
 #include <wx/cursor.h>
 #include <wx/textctrl.h>
 #include <wx/utils.h>
@@ -137,4 +138,41 @@ TEST_F(MouseEvents, CaptureMayBeTakenAway)
     window->CaptureMouse(); // and can be had again
     EXPECT_EQ(native, wxWindow::GetCapture());
     window->ReleaseMouse();
+}
+
+// + captures, - releases, ! destroys; B is beside A, C on A, and F is a window of the host's.
+TEST_F(MouseEvents, CapturesEndInAnyOrder)
+{
+    // clang-format off
+    const struct { std::string steps, captured; } rows[] = {
+        {"+A+B!A-B", "ABB."},    {"+A+B!B-A", "ABA."},           {"+A+C!A", "AC."},            {"+C+A!A", "CA."},
+        {"+A+B-A-B-A", "ABBA."}, {"+A+B+A-A-B", "ABAB."},        {"+A+B+C!B-C-A", "ABCCA."},   {"+A+B+C!A-B", "ABCB."},
+        {"+A+F!A-F", "AFF."},    {"+A+F+B!A-B-F", "AFBBF."},     {"+F+A+B!A-B-F", "FABBF."},   {"+F+A+B!B-A-F", "FABAF."},
+    };
+    // clang-format on
+    for (const auto& row : rows) {
+        ISysWindow* const a = window->CreateChild(ISysWindow::wtNormal);
+        ISysWindow* const b = window->CreateChild(ISysWindow::wtNormal);
+        const std::map<char, wxWindow*> windows{{'A', Native(a)},
+                                                {'B', Native(b)},
+                                                {'C', Native(a->CreateChild(ISysWindow::wtNormal))},
+                                                {'F', panel},
+                                                {'.', nullptr}};
+        std::string captured;
+        for (std::size_t i = 0; i < row.steps.size(); i += 2) {
+            wxWindow* const of = windows.at(row.steps[i + 1]);
+            CwxSysWindow* const own = GetWrapper(of);
+            if (row.steps[i] == '!')
+                delete of;
+            else if (row.steps[i] == '+')
+                own ? own->CaptureMouse() : of->CaptureMouse();
+            else
+                own ? own->ReleaseMouse() : of->ReleaseMouse();
+            for (const auto& [name, candidate] : windows)
+                if (candidate == wxWindow::GetCapture())
+                    captured += name;
+        }
+        EXPECT_EQ(row.captured, captured) << row.steps;
+        native->DestroyChildren();
+    }
 }

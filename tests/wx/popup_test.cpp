@@ -137,6 +137,55 @@ TEST_F(Popups, GrabComesBack)
     EXPECT_FALSE(inner || Grabbed());
 }
 
+// Whatever ends the one of two popups: the other one is dismissed by the next click elsewhere.
+TEST_F(Popups, TheOneOnTopHasTheGrab)
+{
+    // clang-format off
+    const struct { const char* what; void (*act)(Popups&, CHandle<IPopup>& below, CHandle<IPopup>& top, ISysWindow* inTop); bool topStays; } rows[] = {
+        {"below hides",       [](auto&, auto& below, auto&, auto*) { below->Hide(); }, true},
+        {"below dies",        [](auto&, auto& below, auto&, auto*) { below.Reset(); Settle(); }, true},
+        {"top hides",         [](auto&, auto&, auto& top, auto*) { top->Hide(); }, false},
+        {"capture in top",    [](auto&, auto& below, auto&, auto* in) { in->CaptureMouse(); below->Hide(); in->ReleaseMouse(); }, true},
+        {"captured one dies", [](auto&, auto& below, auto&, auto* in) { below->Hide(); in->CaptureMouse(); delete Native(in); }, true},
+        {"captured one hides", [](auto&, auto&, auto& top, auto* in) { in->CaptureMouse(); top->Hide(); }, false},
+    };
+    // clang-format on
+    for (const auto& row : rows) {
+        CHandle<IPopup> top = window->CreatePopup();
+        top->Show(800, 300);
+        ISysWindow* const inTop = top->GetContent()->CreateChild(ISysWindow::wtNormal);
+        Settle();
+        row.act(*this, popup, top, inTop);
+        Settle();
+        EXPECT_EQ(row.topStays, top->IsVisible()) << row.what;
+        EXPECT_NE(row.topStays, popup && popup->IsVisible()) << row.what;
+        ClickAt(onRoot);
+        EXPECT_FALSE(top->IsVisible() || (popup && popup->IsVisible()) || Grabbed()) << row.what;
+        EXPECT_EQ(nullptr, wxWindow::GetCapture()) << row.what;
+        if (!popup)
+            Open();
+        ShowIt();
+    }
+}
+
+// What is created on the content of the one, and on a window in the frame, hides with that.
+TEST_F(Popups, HideWithWhatTheyHangOn)
+{
+    const CHandle<IPopup> inner = content->CreatePopup();
+    for (wxWindow* const hidden : {Native(content)->GetParent(), Native(content), native,
+                                   static_cast<wxWindow*>(panel), static_cast<wxWindow*>(frame.get())}) {
+        popup->Show(600, 200);
+        inner->Show(800, 300);
+        hidden->Hide();
+        EXPECT_FALSE(inner->IsVisible());
+        EXPECT_EQ(hidden == Native(content), popup->IsVisible());
+        hidden->Show();
+        popup->Hide();
+        Settle();
+        EXPECT_FALSE(Grabbed());
+    }
+}
+
 // In the notifications of the content. Afterwards nothing is left of the popup, and the owner has the focus.
 TEST_F(Popups, EndsInTheMiddle)
 {

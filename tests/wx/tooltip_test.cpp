@@ -3,11 +3,13 @@
 
 #include "support/pixels.h"
 #include "support/process.h"
+#include "vela7/wxpopup.h"
 #include "vela7/wxtooltip.h"
 
 #include <cstring>
 #include <wx/app.h>
 #include <wx/dcclient.h>
+#include <wx/dialog.h>
 #include <wx/textctrl.h>
 
 #include <gdk/gdkx.h>
@@ -25,13 +27,17 @@ public:
     {
         frame->DestroyChildren();
         panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 300));
-        window = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
+        Use(new CwxSysWindow(panel, true, ISysWindow::wtNormal));
         window->SetWindowRect(20, 10, 220, 110, false);
+        MovePointer(500, 700); // beside everything
+    }
+    void Use(CwxSysWindow* owner)
+    {
+        window = owner;
         window->SetTooltipDelay(0);
         native = Native(window);
         tip = dynamic_cast<CwxTooltip*>(window->TakeTooltip());
         ASSERT_TRUE(tip);
-        MovePointer(500, 700); // beside everything
     }
     void ShowAt(int x, int y, const std::string& text)
     {
@@ -143,6 +149,22 @@ TEST_F(Tooltip, WidthFollowsThePointersMonitor)
         EXPECT_EQ(pointer == 900 ? 1 : -1, tip->GetMonitorIndex());
         EXPECT_EQ(width, SizeOf(text).x) << owner;
     }
+    MovePointer(900, 700);
+    // clang-format off
+    const struct { wxPoint at; wxPoint (wxRect::*corner)() const; wxPoint shown; } places[] = { // 500 x 1200 at (700, 0)
+        {{0, -9},     &wxRect::GetTopLeft,     {700, 0}},  {{1199, 1199}, &wxRect::GetBottomRight, {1199, 1199}},
+        {{-1, 20},    &wxRect::GetTopLeft,     {700, 20}}, {{750, 1201},  &wxRect::GetBottomLeft,  {750, 1199}},
+    };
+    // clang-format on
+    for (const auto& place : places)
+        for (const bool shown : {false, true}) { // by being shown, and by tracking what is shown
+            shown ? void() : window->HideTooltip();
+            window->TrackTooltip(place.at.x, place.at.y, "mm");
+            EXPECT_EQ(place.shown, (tip->GetRect().*place.corner)());
+            EXPECT_EQ(place.at.x, tip->GetScreenRect().left);
+            EXPECT_EQ(SizeOf("mm"), tip->GetSize());
+        }
+    window->HideTooltip();
     ChangeMonitors("xrandr --delmonitor A; xrandr --delmonitor B", 1);
 }
 
@@ -208,6 +230,47 @@ TEST_F(Tooltip, HandsTheMouseOnToItsOwner)
         ReleaseAll();
         window->HideTooltip();
     }
+}
+
+// A modal dialog and a popup have GTK's grab: tips in them hear the mouse and end with them, others do not.
+TEST_F(Tooltip, UnderAGrab)
+{
+    CwxSysWindow* const behind = window;
+    Recorder heardBehind(behind);
+    heardBehind.Hear<IMouseNotify>();
+    const auto use = [&](ISysWindow* inside, const std::function<void()>& close) {
+        Use(dynamic_cast<CwxSysWindow*>(inside));
+        Recorder heard(window);
+        heard.Hear<IMouseNotify>();
+        PointAtTip();
+        heard.Take();
+        Click();
+        EXPECT_EQ((Lines{press, release}), heard.Take());
+        EXPECT_TRUE(tip->IsVisible() && native->IsShownOnScreen());
+        PointAt(native, 100, 50);
+        EXPECT_FALSE(tip->IsVisible());
+        ShowAt(10, 10, "mmm");
+        behind->TrackTooltip(150, 600, "mmm");
+        MovePointer(155, 605);
+        Click();
+        EXPECT_EQ(0, heardBehind.Count("press"));
+        close();
+        EXPECT_FALSE(tip->IsVisible());
+    };
+    const CHandle<IPopup> popup = window->CreatePopup();
+    popup->SetSize(200, 100);
+    popup->Show(600, 100);
+    use(popup->GetContent(), [&] { EXPECT_FALSE(popup->IsVisible()) << "a click beside it"; });
+    wxDialog dialog(frame, wxID_ANY, "", wxPoint(600, 100), wxSize(300, 200));
+    auto* const inDialog = new CwxSysWindow(&dialog, true, ISysWindow::wtNormal);
+    inDialog->SetWindowRect(20, 10, 220, 110, false);
+    dialog.CallAfter([&] {
+        EXPECT_TRUE(WaitFor([&] { return Viewable(&dialog) && dialog.IsActive(); }, "the dialog"));
+        use(inDialog, [&] { dialog.EndModal(0); });
+        window->TrackTooltip(300, 300, "mmm");
+        EXPECT_FALSE(tip->IsVisible()) << "of a hidden one";
+    });
+    dialog.ShowModal();
 }
 
 TEST_F(Tooltip, DiesWithItsOwner)
