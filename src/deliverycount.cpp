@@ -32,8 +32,8 @@ void CDeliveryCount::Leave(CDelivery* outer)
 {
     m_innermost = outer;
     wxObject* const object = outer ? nullptr : std::exchange(m_putOff, nullptr);
-    if (object && wxTheApp && !wxTheApp->IsScheduledForDestruction(object))
-        wxTheApp->ScheduleForDestruction(object);
+    if (object && wxApp::GetInstance() && !wxApp::GetInstance()->IsScheduledForDestruction(object))
+        wxApp::GetInstance()->ScheduleForDestruction(object);
 }
 
 bool CDeliveryCount::PutOffDestruction(wxWindow& window)
@@ -47,7 +47,7 @@ bool CDeliveryCount::PutOffDestruction(wxWindow& window)
 
 bool CDeliveryCount::PutOffDeletion(wxObject& object)
 {
-    if (!IsDelivering() || !wxTheApp)
+    if (!IsDelivering() || !wxApp::GetInstance())
         return false;
     m_putOff = &object;
     return true;
@@ -55,7 +55,7 @@ bool CDeliveryCount::PutOffDeletion(wxObject& object)
 
 void CDeliveryCount::Retire(wxWindow& window) const
 {
-    if (wxTheApp)
+    if (wxApp::GetInstance())
         wxPendingDelete.DeleteObject(&window);
     if (!IsDelivering())
         return;
@@ -65,7 +65,7 @@ void CDeliveryCount::Retire(wxWindow& window) const
 
 bool CDeliveryCount::TakeKept(void* storage)
 {
-    return Kept().erase(storage) > 0 && wxTheApp;
+    return Kept().erase(storage) > 0 && wxApp::GetInstance();
 }
 
 } // namespace vela7

@@ -65,7 +65,7 @@ bool CVELAwxWindow::Destroy()
 void CVELAwxWindow::operator delete(void* storage)
 {
     if (CDeliveryCount::TakeKept(storage))
-        wxTheApp->ScheduleForDestruction(::new (storage) CRemains);
+        wxApp::GetInstance()->ScheduleForDestruction(::new (storage) CRemains);
     else
         ::operator delete(storage);
 }

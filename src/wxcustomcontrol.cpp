@@ -31,7 +31,7 @@ CwxControlHolder::~CwxControlHolder()
     RevokeHandles();
     if (m_control)
         TakeOff(*m_control, *this);
-    if (wxTheApp)
+    if (wxApp::GetInstance())
         wxPendingDelete.DeleteObject(this);
 }
 

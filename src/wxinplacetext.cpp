@@ -117,11 +117,13 @@ template <class W, class T>
 void CInplaceText<W, T>::operator delete(void* storage)
 {
     static_assert(sizeof(CRemains<W>) <= sizeof(CInplaceText), "they take its place");
-    if (CDeliveryCount::TakeKept(storage))
+    if (CDeliveryCount::TakeKept(storage)) {
         // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): without memory the end is near anyway
-        wxTheApp->ScheduleForDestruction(new typename CRemains<W>::CEnd(::new (storage) CRemains<W>));
-    else
+        auto* const end = new typename CRemains<W>::CEnd(::new (storage) CRemains<W>);
+        wxApp::GetInstance()->ScheduleForDestruction(end);
+    } else {
         ::operator delete(storage);
+    }
 }
 
 template class CInplaceText<wxTextCtrl, CInplaceEdit>;

@@ -73,7 +73,7 @@ void CwxScrollBar::operator delete(void* storage)
 {
     if (CDeliveryCount::TakeKept(storage))
         // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): it does not allocate
-        wxTheApp->ScheduleForDestruction(new (storage) CRemains);
+        wxApp::GetInstance()->ScheduleForDestruction(new (storage) CRemains);
     else
         ::operator delete(storage);
 }

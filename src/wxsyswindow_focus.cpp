@@ -47,7 +47,7 @@ void CwxSysWindow::doNavigation(bool forward, bool windowChange)
 
 void CwxSysWindow::navigationEvent(wxNavigationKeyEvent& event)
 {
-    if (!wxTheApp || !wxTheApp->IsMainLoopRunning())
+    if (!wxApp::GetInstance() || !wxApp::GetInstance()->IsMainLoopRunning())
         return;
     CKeyboardEvent record(this);
     record.key = static_cast<std::uint32_t>(wx2velaKeyCode(WXK_TAB));
@@ -108,7 +108,7 @@ void CwxSysWindow::Synchronize(IRunnable* runnable)
 void CwxSysWindow::syncEvent(wxSyncEvent& event)
 {
     // A runnable before this one may have destroyed the window, which is put off to the next idle pass.
-    if (wxTheApp && wxTheApp->IsScheduledForDestruction(window))
+    if (wxApp::GetInstance() && wxApp::GetInstance()->IsScheduledForDestruction(window))
         return;
     if (IRunnable* const runnable = event.GetRunnable())
         Deliver(event, [runnable] { runnable->Run(); });
