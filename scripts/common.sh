@@ -1,10 +1,10 @@
 # Shared by the scripts of this directory; sourced, never run.
 # Sets ROOT, CACHE and WX_PREFIX, and gives say, die and need_tool.
 
-ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+ROOT=$(CDPATH="" cd -- "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 CACHE=${XDG_CACHE_HOME:-${HOME:?HOME is not set}/.cache}/vela7
 WX_VERSION=3.0.5.1
-WX_PREFIX=${VELA7_WX_PREFIX:-$CACHE/wx-$WX_VERSION-gtk2}
+WX_PREFIX=$(realpath -m -- "${VELA7_WX_PREFIX:-$CACHE/wx-$WX_VERSION-gtk2}")
 JOBS=${JOBS:-$(nproc)}
 
 say() { printf '[%s] %s\n' "${0##*/}" "$*"; }

@@ -229,7 +229,8 @@ wxSize CheckBoxSize()
 {
     wxWindow* window = nullptr;
 #if wxCHECK_VERSION(3, 2, 0)
-    window = wxTheApp ? wxTheApp->GetTopWindow() : nullptr; // required there
+    const auto* const app = dynamic_cast<const wxApp*>(wxApp::GetInstance()); // perhaps one without a GUI
+    window = app ? app->GetTopWindow() : nullptr;                             // required there
     if (!window)
         return wxSize(0, 0);
 #endif

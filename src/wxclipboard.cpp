@@ -6,6 +6,7 @@
 #include <wx/app.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
+#include <wx/evtloop.h>
 
 #include <memory>
 
@@ -29,6 +30,30 @@ OpenClipboard Open()
     return OpenClipboard(isOpen ? clipboard : nullptr);
 }
 
+/// The formats that the owner of the clipboard offers, all from one question: an owner that never answers
+/// costs half a minute each time, and wx asks anew for every format.
+class COffer : public wxEvtHandler
+{
+public:
+    explicit COffer(wxClipboard& clipboard)
+    {
+        const wxEventLoopGuarantor loop;
+        const auto serve = [] { wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_CLIPBOARD); };
+        while (!clipboard.IsSupportedAsync(this)) // somebody else's question is on its way
+            serve();
+        while (!m_answer) // GTK gives the owner up in the end
+            serve();
+    }
+
+    bool Has(wxDataFormatId format) const { return m_answer->SupportsFormat(format); }
+
+    /// wx's answer, taken before it gets into the queue: that may stand still.
+    void QueueEvent(wxEvent* event) override { m_answer.reset(static_cast<wxClipboardEvent*>(event)); }
+
+private:
+    std::unique_ptr<wxClipboardEvent> m_answer;
+};
+
 } // namespace
 
 void CwxClipboard::SetText(const std::string& text)
@@ -43,8 +68,10 @@ void CwxClipboard::SetText(const std::string& text)
 std::string CwxClipboard::GetText() const
 {
     const OpenClipboard clipboard = Open();
-    // Some programs offer UTF-8 alone, which is another format.
-    if (!clipboard || (!clipboard->IsSupported(wxDF_TEXT) && !clipboard->IsSupported(wxDF_UNICODETEXT)))
+    if (!clipboard)
+        return {};
+    const COffer offer(*clipboard);
+    if (!offer.Has(wxDF_TEXT) && !offer.Has(wxDF_UNICODETEXT)) // some programs offer UTF-8 alone
         return {};
     wxTextDataObject data; // empty, or wx would take an empty answer for a failure
     return clipboard->GetData(data) ? wx2vela(data.GetText()) : std::string();

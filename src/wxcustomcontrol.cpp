@@ -122,7 +122,7 @@ void ForwardNavigation(wxWindow& control, wxNavigationKeyEvent& event)
 
 void AdoptLayoutDirection(wxWindow* control)
 {
-    const auto* const app = dynamic_cast<const wxApp*>(wxTheApp);
+    const auto* const app = dynamic_cast<const wxApp*>(wxApp::GetInstance());
     if (control && app && app->GetLayoutDirection() == wxLayout_RightToLeft)
         control->SetLayoutDirection(wxLayout_RightToLeft);
 }

@@ -26,15 +26,21 @@ namespace vela7 {
 // After the cursor table of wxmouse.cpp, so that it is destroyed before it.
 [[gnu::init_priority(300)]] CSystemCreator SystemCreator;
 
+namespace {
+
+// Registers the global object; another one that somebody makes takes nothing over.
+struct Registration
+{
+    Registration() { SetCurrentSystem(&SystemCreator); }
+};
+[[gnu::init_priority(301)]] const Registration registration;
+
+} // namespace
+
 CwxSystem::CwxSystem()
 {
     if (!GetSysPalette())
         SetSysPalette(new CwxSysPalette);
-}
-
-CSystemCreator::CSystemCreator()
-{
-    SetCurrentSystem(this);
 }
 
 // Kept by contract: the current system is not reset; toolkit code may still compare it late in process exit.
@@ -43,6 +49,9 @@ CwxSystem::~CwxSystem()
     delete GetSysPalette();
     SetSysPalette(nullptr);
 }
+
+CSystemCreator::CSystemCreator() = default;
+CSystemCreator::~CSystemCreator() = default;
 
 IMouse* CwxSystem::TakeMouse() const
 {
@@ -100,7 +109,7 @@ font CwxSystem::GetDefaultFont() const
 
 bool CwxSystem::IsAppActive() const
 {
-    const auto* const app = dynamic_cast<const wxApp*>(wxTheApp);
+    const auto* const app = dynamic_cast<const wxApp*>(wxApp::GetInstance());
     return app && app->IsActive();
 }
 
@@ -127,9 +136,8 @@ CHandle<ISysTimer> CwxSystem::CreateTimer(int milliseconds, bool start) const
 
 IClipboard* CwxSystem::TakeClipboard() const
 {
-    if (!m_clipboard)
-        m_clipboard = std::make_unique<CwxClipboard>();
-    return m_clipboard.get();
+    static CwxClipboard clipboard; // one for all threads and system objects; what existed before outlives it
+    return &clipboard;
 }
 
 IRunner* CwxSystem::CreateRunner()

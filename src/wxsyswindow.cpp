@@ -445,7 +445,7 @@ bool IsWindowExternal(const wxWindow* window, const wxWindow* owner)
 
 wxWindow* GetTopWindow()
 {
-    const auto* const app = dynamic_cast<const wxApp*>(wxTheApp);
+    const auto* const app = dynamic_cast<const wxApp*>(wxApp::GetInstance());
     return app ? app->GetTopWindow() : nullptr;
 }
 

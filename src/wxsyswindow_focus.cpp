@@ -47,7 +47,7 @@ void CwxSysWindow::doNavigation(bool forward, bool windowChange)
 
 void CwxSysWindow::navigationEvent(wxNavigationKeyEvent& event)
 {
-    if (!wxTheApp || !wxTheApp->IsMainLoopRunning())
+    if (!wxApp::GetInstance() || !wxApp::GetInstance()->IsMainLoopRunning())
         return;
     CKeyboardEvent record(this);
     record.key = static_cast<std::uint32_t>(wx2velaKeyCode(WXK_TAB));

@@ -56,8 +56,9 @@ void SetSysPalette(ISysPalette* palette)
 
 ISysPalette* GetBuiltinPalette()
 {
-    static BuiltinPalette builtin;
-    return &builtin;
+    // Never destroyed, so that it outlives whatever asks for a colour late in process exit.
+    static ISysPalette* const builtin = new BuiltinPalette;
+    return builtin;
 }
 
 ISysPalette* GetDefaultPalette()

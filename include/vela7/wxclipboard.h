@@ -9,8 +9,9 @@ namespace vela7 {
 /// Text on wx's clipboard; the text lives there and nowhere else.
 ///
 /// While somebody has wx's clipboard open, or there is no application with a display, the operations do
-/// nothing and the text is empty. A foreign program may take its time to answer GetText; events of the
-/// clipboard, timers and queued runnables are served meanwhile. Thread: GUI.
+/// nothing and the text is empty. A foreign program may take its time to answer GetText, and is given up
+/// after half a minute; events of the clipboard, timers and queued runnables are served meanwhile. Thread:
+/// GUI.
 class VELA7_WX_API CwxClipboard : public CClipboard
 {
 public:

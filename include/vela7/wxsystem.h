@@ -5,11 +5,7 @@
 #include "vela7/wxexport.h"
 #include "vela7/wxmouse.h"
 
-#include <memory>
-
 namespace vela7 {
-
-class CwxClipboard;
 
 /// Answers the toolkit's questions about the platform, and is the mouse object as well.
 ///
@@ -29,7 +25,8 @@ public:
     /// Empty without an application object.
     CHandle<ISysTimer> CreateTimer(int milliseconds, bool start) const override;
     CHandle<IImageList> CreateImageList() const override;
-    /// A CwxClipboard, made at the first call; never null.
+    /// The process's CwxClipboard, made at the first call, from whatever thread, and destroyed when the
+    /// process exits, in the order of static objects; never null.
     IClipboard* TakeClipboard() const override;
     int GetSystemMetrics(SystemMetrics metric) override;
     /// An index without a monitor raises wx's own assertion.
@@ -48,19 +45,17 @@ public:
     CHandle<ILock> CreateLock() override;
     /// True as long as wx has not recorded its main thread.
     bool IsMainThread() const override;
-
-private:
-    mutable std::unique_ptr<CwxClipboard> m_clipboard;
 };
 
-/// The one system object: registers itself with the toolkit.
+/// The class of the one system object; adds nothing to CwxSystem.
 class VELA7_WX_API CSystemCreator : public CwxSystem
 {
 public:
     CSystemCreator();
+    ~CSystemCreator() override;
 };
 
-/// The system object. Lives from the loading of the library to the end of the process.
+/// The system object. Loading the library registers it with the toolkit; it lives until the process ends.
 VELA7_WX_API extern CSystemCreator SystemCreator;
 
 } // namespace vela7

@@ -9,6 +9,7 @@
 #include "vela7/wxsyswindow.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace vela7 {
 namespace {
@@ -53,6 +54,25 @@ TEST(WithoutApp, ServicesAreHarmless)
     EXPECT_EQ("", clipboard.GetText());
     clipboard.Clear();
     EXPECT_EQ(&clipboard, system.TakeClipboard());
+}
+
+// A host's static object, older than the clipboard: at exit the clipboard goes first, and says so.
+struct Early : INotify
+{
+    ~Early() override { _exit(isTold ? 0 : 1); }
+    void NoticeStopped(IEventSender*) override { isTold = true; }
+    bool isTold = false;
+};
+
+TEST(WithoutAppDeathTest, TheClipboardEndsBeforeWhatWasThereFirst)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // a process in which nobody has taken the clipboard
+    const auto run = [] {
+        static Early early;
+        GetCurrentSystem()->TakeClipboard()->Subscribe(&early, typeid(IClipboardChangeNotify), false);
+        std::exit(2);
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
 }
 
 TEST(WithoutApp, ColoursAreTheBuiltInOnes)

@@ -60,6 +60,21 @@ TEST(Clipboard, ClearsAndLeavesAnOpenOneAlone)
     }
 }
 
+TEST(Clipboard, AsksForTheFormatsOnce)
+{
+    // Half a minute passes with every question to an owner that does not answer; here it is refused.
+    int questions = 0;
+    const auto ask =
+        +[](GtkWidget*, GtkSelectionData*, guint, guint, gpointer count) { ++*static_cast<int*>(count); };
+    GtkWidget* const owner = gtk_invisible_new();
+    gtk_selection_add_target(owner, GDK_SELECTION_CLIPBOARD, gdk_atom_intern("TARGETS", FALSE), 0);
+    g_signal_connect(owner, "selection-get", G_CALLBACK(ask), &questions);
+    ASSERT_TRUE(gtk_selection_owner_set(owner, GDK_SELECTION_CLIPBOARD, GDK_CURRENT_TIME));
+    EXPECT_EQ("", Ours()->GetText());
+    EXPECT_EQ(1, questions);
+    gtk_widget_destroy(owner);
+}
+
 TEST(Clipboard, ReportsChangesOnRequest)
 {
     Ours()->RaiseChangeEvent();

@@ -5,8 +5,13 @@
 #include "support/fixture.h"
 #include "vela7/palette.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wxcustomcontrol.h"
+#include "vela7/wxsyspalette.h"
+#include "vela7/wxsyswindow.h"
 
 #include <gtk/gtk.h>
+#include <wx/app.h>
+#include <wx/button.h>
 #include <wx/display.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
@@ -49,6 +54,12 @@ TEST_F(System, TakeHandsOutTheSameObjects)
 {
     EXPECT_EQ(static_cast<IMouse*>(&SystemCreator), system.TakeMouse());
     EXPECT_EQ(system.TakeMouse(), system.TakeMouse());
+    {
+        const CSystemCreator second; // takes nothing over
+        EXPECT_EQ(system.TakeClipboard(), second.TakeClipboard());
+        EXPECT_EQ(static_cast<ISystem*>(&SystemCreator), GetCurrentSystem());
+    }
+    SetSysPalette(new CwxSysPalette); // any system object's end deletes the installed one
 }
 
 TEST_F(System, FixedAnswers)
@@ -69,6 +80,15 @@ TEST_F(System, KnowsTheMainThreadAndTheActiveApplication)
     std::thread([&] { onWorker = system.IsMainThread(); }).join();
     EXPECT_FALSE(onWorker);
     EXPECT_TRUE(system.IsAppActive());
+    auto* const button = new wxButton(frame, wxID_ANY, "");
+    wxAppConsole* const application = wxApp::GetInstance();
+    {
+        const wxAppConsole console; // the application from here on, without a GUI
+        EXPECT_FALSE(system.IsAppActive());
+        EXPECT_EQ(nullptr, GetTopWindow());
+        EXPECT_TRUE(CreateCustomControl(button, nullptr, false));
+    }
+    wxApp::SetInstance(application);
 }
 
 // ---- palette

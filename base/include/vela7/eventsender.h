@@ -127,19 +127,13 @@ template <class N>
 class VELA7_BASE_API CSubscriber : public N
 {
 public:
-    CSubscriber() = default;
+    CSubscriber();
     CSubscriber(const CSubscriber&) = delete;
     CSubscriber& operator=(const CSubscriber&) = delete;
+    ~CSubscriber() override;
 
-    ~CSubscriber() override
-    {
-        const auto senders = std::move(m_senders);
-        for (IEventSender* sender : senders)
-            sender->Unsubscribe(this, false);
-    }
-
-    void NoticeStarted(IEventSender* sender) override { m_senders.insert(sender); }
-    void NoticeStopped(IEventSender* sender) override { m_senders.erase(sender); }
+    void NoticeStarted(IEventSender* sender) override;
+    void NoticeStopped(IEventSender* sender) override;
 
 private:
     std::set<IEventSender*> m_senders;
@@ -152,112 +146,195 @@ template <class I>
 class VELA7_BASE_API CImplEventSender : public I
 {
 public:
-    CImplEventSender() : m_registry(CreateDefCausedEvents()) {}
+    CImplEventSender();
     CImplEventSender(const CImplEventSender&) = delete;
     CImplEventSender& operator=(const CImplEventSender&) = delete;
+    ~CImplEventSender() override;
 
-    ~CImplEventSender() override { StopAll(); }
-
-    bool SubscribeToFront(INotify* subscriber, const std::type_info& type, bool notice) override
-    {
-        return Start(&ISubscriberList::PushFront, subscriber, type, notice);
-    }
-
-    bool Subscribe(INotify* subscriber, const std::type_info& type, bool notice) override
-    {
-        return Start(&ISubscriberList::PushBack, subscriber, type, notice);
-    }
-
-    bool Unsubscribe(INotify* subscriber, const std::type_info& type, bool notice) override
-    {
-        ISubscriberList* const list = m_registry->Find(type);
-        if (!list)
-            return false;
-        list->Remove(subscriber);
-        if (notice && subscriber)
-            subscriber->NoticeStopped(this);
-        return true;
-    }
-
-    bool Unsubscribe(INotify* subscriber, bool notice) override
-    {
-        if (!subscriber) // the registry would take it for "any"
-            return false;
-        const std::shared_ptr<ICausedEvents> registry = m_registry; // a notice may destroy this sender
-        bool found = false;
-        std::size_t cursor = 0;
-        for (auto* list = registry->First(cursor, subscriber); list;
-             list = registry->Next(cursor, subscriber)) {
-            found = true;
-            list->Remove(subscriber);
-            if (notice)
-                subscriber->NoticeStopped(this);
-        }
-        return found;
-    }
-
-    void SetSupportedEvent(const std::type_info& type) override { m_registry->Declare(type); }
-    bool IsEventSupported(const std::type_info& type) override { return m_registry->Find(type) != nullptr; }
-
+    bool SubscribeToFront(INotify* subscriber, const std::type_info& type, bool notice) override;
+    bool Subscribe(INotify* subscriber, const std::type_info& type, bool notice) override;
+    bool Unsubscribe(INotify* subscriber, const std::type_info& type, bool notice) override;
+    bool Unsubscribe(INotify* subscriber, bool notice) override;
+    void SetSupportedEvent(const std::type_info& type) override;
+    bool IsEventSupported(const std::type_info& type) override;
     void FireEvent(const std::type_info& type, NotifyHandler handler, CEvent* event,
-                   bool stopWhenHandled) override
-    {
-        if (m_stopped)
-            return;
-        ISubscriberList* const list = m_registry->Find(type);
-        const int count = list ? list->Count() : 0;
-        if (count < 1)
-            return;
-        // From here on a listener may destroy this sender: only the list is used, and the registry that keeps
-        // it. A dead sender has emptied its lists, which ends the delivery at the next At.
-        const std::shared_ptr<ICausedEvents> registry = m_registry;
-        try {
-            for (int i = 0; i < count; ++i) {
-                (list->At(i)->*handler)(event);
-                if (event && stopWhenHandled && !event->passOn)
-                    break;
-            }
-        } catch (const cancel_processing&) {
-            // a listener's way to end the delivery
-        }
-    }
-
-    bool IsSubscribed(const std::type_info& type) const override { return !m_registry->IsEmpty(type); }
-    int GetSubscribersCount(const std::type_info& type) const override { return m_registry->Count(type); }
-    void StopEventSending(bool stop) override { m_stopped = stop; }
+                   bool stopWhenHandled) override;
+    bool IsSubscribed(const std::type_info& type) const override;
+    int GetSubscribersCount(const std::type_info& type) const override;
+    void StopEventSending(bool stop) override;
 
 protected:
     /// Ends all subscriptions, with notice, for good: for objects whose destruction is put off.
-    // Each listener is taken off its list, wherever it stands in it, before it is told: it may destroy others
-    // meanwhile, and a subscriber that was told no longer unsubscribes.
-    void StopAll()
-    {
-        m_dying = true;
-        std::size_t cursor = 0;
-        for (auto* list = m_registry->First(cursor); list; list = m_registry->Next(cursor))
-            while (INotify* const subscriber = list->PopFront()) {
-                list->Remove(subscriber);
-                subscriber->NoticeStopped(this);
-            }
-    }
+    void StopAll();
 
 private:
     using Push = void (ISubscriberList::*)(INotify*);
 
-    bool Start(Push push, INotify* subscriber, const std::type_info& type, bool notice)
-    {
-        ISubscriberList* const list = m_registry->Find(type);
-        if (!list || m_dying || !subscriber)
-            return false;
-        (list->*push)(subscriber);
-        if (notice)
-            subscriber->NoticeStarted(this);
-        return true;
-    }
+    bool Start(Push push, INotify* subscriber, const std::type_info& type, bool notice);
 
     std::shared_ptr<ICausedEvents> m_registry;
     bool m_stopped = false;
     bool m_dying = false;
 };
+
+// ---- definitions
+//
+// Outside the classes, and not inline: libraries instantiate the templates for others, and the inline members
+// of a template are hidden where a library hides its inlines.
+
+template <class N>
+CSubscriber<N>::CSubscriber() = default;
+
+template <class N>
+CSubscriber<N>::~CSubscriber()
+{
+    const auto senders = std::move(m_senders);
+    for (IEventSender* sender : senders)
+        sender->Unsubscribe(this, false);
+}
+
+template <class N>
+void CSubscriber<N>::NoticeStarted(IEventSender* sender)
+{
+    m_senders.insert(sender);
+}
+
+template <class N>
+void CSubscriber<N>::NoticeStopped(IEventSender* sender)
+{
+    m_senders.erase(sender);
+}
+
+template <class I>
+CImplEventSender<I>::CImplEventSender() : m_registry(CreateDefCausedEvents())
+{
+}
+
+template <class I>
+CImplEventSender<I>::~CImplEventSender()
+{
+    StopAll();
+}
+
+template <class I>
+bool CImplEventSender<I>::SubscribeToFront(INotify* subscriber, const std::type_info& type, bool notice)
+{
+    return Start(&ISubscriberList::PushFront, subscriber, type, notice);
+}
+
+template <class I>
+bool CImplEventSender<I>::Subscribe(INotify* subscriber, const std::type_info& type, bool notice)
+{
+    return Start(&ISubscriberList::PushBack, subscriber, type, notice);
+}
+
+template <class I>
+bool CImplEventSender<I>::Start(Push push, INotify* subscriber, const std::type_info& type, bool notice)
+{
+    ISubscriberList* const list = m_registry->Find(type);
+    if (!list || m_dying || !subscriber)
+        return false;
+    (list->*push)(subscriber);
+    if (notice)
+        subscriber->NoticeStarted(this);
+    return true;
+}
+
+template <class I>
+bool CImplEventSender<I>::Unsubscribe(INotify* subscriber, const std::type_info& type, bool notice)
+{
+    ISubscriberList* const list = m_registry->Find(type);
+    if (!list)
+        return false;
+    list->Remove(subscriber);
+    if (notice && subscriber)
+        subscriber->NoticeStopped(this);
+    return true;
+}
+
+template <class I>
+bool CImplEventSender<I>::Unsubscribe(INotify* subscriber, bool notice)
+{
+    if (!subscriber) // the registry would take it for "any"
+        return false;
+    const std::shared_ptr<ICausedEvents> registry = m_registry; // a notice may destroy this sender
+    bool found = false;
+    std::size_t cursor = 0;
+    for (auto* list = registry->First(cursor, subscriber); list; list = registry->Next(cursor, subscriber)) {
+        found = true;
+        list->Remove(subscriber);
+        if (notice)
+            subscriber->NoticeStopped(this);
+    }
+    return found;
+}
+
+template <class I>
+void CImplEventSender<I>::SetSupportedEvent(const std::type_info& type)
+{
+    m_registry->Declare(type);
+}
+
+template <class I>
+bool CImplEventSender<I>::IsEventSupported(const std::type_info& type)
+{
+    return m_registry->Find(type) != nullptr;
+}
+
+template <class I>
+void CImplEventSender<I>::FireEvent(const std::type_info& type, NotifyHandler handler, CEvent* event,
+                                    bool stopWhenHandled)
+{
+    if (m_stopped)
+        return;
+    ISubscriberList* const list = m_registry->Find(type);
+    const int count = list ? list->Count() : 0;
+    if (count < 1)
+        return;
+    // From here on a listener may destroy this sender: only the list is used, and the registry that keeps it.
+    // A dead sender has emptied its lists, which ends the delivery at the next At.
+    const std::shared_ptr<ICausedEvents> registry = m_registry;
+    try {
+        for (int i = 0; i < count; ++i) {
+            (list->At(i)->*handler)(event);
+            if (event && stopWhenHandled && !event->passOn)
+                break;
+        }
+    } catch (const cancel_processing&) {
+        // a listener's way to end the delivery
+    }
+}
+
+template <class I>
+bool CImplEventSender<I>::IsSubscribed(const std::type_info& type) const
+{
+    return !m_registry->IsEmpty(type);
+}
+
+template <class I>
+int CImplEventSender<I>::GetSubscribersCount(const std::type_info& type) const
+{
+    return m_registry->Count(type);
+}
+
+template <class I>
+void CImplEventSender<I>::StopEventSending(bool stop)
+{
+    m_stopped = stop;
+}
+
+// Each listener is taken off its list, wherever it stands in it, before it is told: it may destroy others
+// meanwhile, and a subscriber that was told no longer unsubscribes.
+template <class I>
+void CImplEventSender<I>::StopAll()
+{
+    m_dying = true;
+    std::size_t cursor = 0;
+    for (auto* list = m_registry->First(cursor); list; list = m_registry->Next(cursor))
+        while (INotify* const subscriber = list->PopFront()) {
+            list->Remove(subscriber);
+            subscriber->NoticeStopped(this);
+        }
+}
 
 } // namespace vela7

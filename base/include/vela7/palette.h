@@ -38,7 +38,7 @@ VELA7_BASE_API ISysPalette* GetSysPalette();
 /// Installs a palette. It must be made with new: the back-end deletes whatever is installed when the process
 /// ends. Replacing a palette does not delete the one before.
 VELA7_BASE_API void SetSysPalette(ISysPalette* palette);
-/// The built-in palette of fixed classic colours; never null, lives as long as the library.
+/// The built-in palette of fixed classic colours; never null, and never destroyed.
 VELA7_BASE_API ISysPalette* GetBuiltinPalette();
 /// Never null: the installed palette, else the built-in one.
 VELA7_BASE_API ISysPalette* GetDefaultPalette();
