@@ -16,7 +16,7 @@ public:
     ~Hands();
 
     void ForgetProgram(); // and waits until its windows have gone; then the next may start
-    bool FindProgram(); // true when its main window is there
+    bool FindProgram();   // true when its main window is there
 
     void Perform(const Event& event);
     void LetGo(); // of whatever is held

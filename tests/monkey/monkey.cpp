@@ -15,6 +15,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <deque>
 #include <map>
 #include <sstream>
@@ -29,8 +30,9 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::uint64_t kLife = 500; // events
 constexpr std::uint64_t kLongestBurst = 8;
-constexpr int kPatience = 15000; // ms
-constexpr std::size_t kLastEvents = 24, kMostLines = 60;
+const char* const kPatienceGiven = std::getenv("MONKEY_PATIENCE"); // seconds
+const int kPatience = (kPatienceGiven ? std::atoi(kPatienceGiven) : 15) * 1000;
+constexpr std::size_t kLastEvents = 24, kMostLines = 40;
 
 struct Task
 {
