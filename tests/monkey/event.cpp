@@ -34,10 +34,22 @@ public:
             rest -= row->weight;
         return *row;
     }
+    /// The same, from the first few rows that another chance draws.
+    template <class Row, std::size_t n>
+    const Row& FromSome(int few, Chance habit, const Row (&rows)[n])
+    {
+        for (int skipped = Below(few); skipped > 0; --skipped)
+            habit.From(rows);
+        return habit.From(rows);
+    }
 
 private:
     std::uint64_t m_state;
 };
+
+// So many events in a row have the same few habits: orders of three steps come up soon, where each by itself
+// is rare. They begin with the window's own size and place, and with the focus.
+constexpr std::uint64_t kHabitual = 50;
 
 // clang-format off
 const struct { Deed value; int weight; const char* name; } kDeeds[] = {
@@ -77,13 +89,20 @@ const struct { int wide, high; int weight; } kSizes[] = { // up to
     {0, 0, 5}, {1200, 900, 3}, {3000, 2000, 1}, {60, 60, 1}, {1200, 60, 1}, {60, 900, 1},
 };
 const struct { int least, most; int weight; } kRests[] = {{1, 30, 16}, {30, 200, 3}, {500, 900, 1}}; // ms
-const struct { const char* name; int weight; } kKeys[] = {
-    {"Tab", 10}, {"Escape", 6}, {"Return", 5}, {"space", 5}, {"Menu", 4},
-    {"Left", 4}, {"Right", 4}, {"Up", 4}, {"Down", 8}, {"Home", 2}, {"End", 2}, {"Prior", 2}, {"Next", 2},
-    {"BackSpace", 2}, {"Delete", 3}, {"Insert", 2}, {"KP_Enter", 1}, {"KP_Add", 1}, {"KP_Home", 1},
-    {"F1", 1}, {"F2", 8}, {"F3", 2}, {"F4", 2}, {"F5", 1}, {"F6", 1}, {"F7", 1}, {"F8", 1}, {"F9", 1},
-    {"F10", 3}, {"F11", 1}, {"F12", 1}, {"Pause", 1}, {"Num_Lock", 1}, {"Super_L", 1}, {"Shift_L", 1},
-    {"a", 3}, {"b", 1}, {"c", 3}, {"m", 1}, {"v", 3}, {"x", 2}, {"z", 2}, {"slash", 1}, {"minus", 1},
+constexpr unsigned kAny = 8, kShift = 1, kControl = 2, kAlt = 4; // kAny: by the table above
+const struct { const char* name; unsigned modifiers; int weight; } kKeys[] = {
+    {"Tab", 0, 5}, {"Tab", kShift, 4}, {"Tab", kControl, 2}, {"Next", kControl, 2}, {"Prior", kControl, 2},
+    {"F2", 0, 8}, {"Return", 0, 4}, {"Escape", 0, 4}, {"space", 0, 3}, {"Menu", 0, 4}, {"F10", kShift, 2},
+    {"Down", kAlt, 8}, {"Up", kAlt, 2}, {"Down", 0, 4}, {"Down", kShift, 2},
+    {"Left", kAny, 3}, {"Right", kAny, 3}, {"Up", kAny, 3}, {"Down", kAny, 3}, {"Home", kAny, 2}, {"End", kAny, 2},
+    {"Prior", kAny, 2}, {"Next", kAny, 2}, {"BackSpace", kAny, 2}, {"Delete", kAny, 3}, {"Insert", kAny, 2},
+    {"Tab", kAny, 2}, {"Return", kAny, 2}, {"Escape", kAny, 2}, {"space", kAny, 2}, {"Menu", kAny, 1},
+    {"KP_Enter", kAny, 1}, {"KP_Add", kAny, 1}, {"KP_Home", kAny, 1}, {"Pause", kAny, 1}, {"Num_Lock", kAny, 1},
+    {"F1", kAny, 1}, {"F2", kAny, 1}, {"F3", kAny, 2}, {"F4", kAny, 2}, {"F5", kAny, 1}, {"F6", kAny, 1},
+    {"F7", kAny, 1}, {"F8", kAny, 1}, {"F9", kAny, 1}, {"F10", kAny, 1}, {"F11", kAny, 1}, {"F12", kAny, 1},
+    {"Super_L", kAny, 1}, {"Shift_L", kAny, 1}, {"slash", kAny, 1}, {"minus", kAny, 1},
+    {"a", kControl, 3}, {"c", kControl, 3}, {"v", kControl, 3}, {"x", kControl, 2}, {"z", kControl, 1},
+    {"a", kAny, 1}, {"b", kAny, 1}, {"m", kAny, 1},
 };
 // clang-format on
 
@@ -104,6 +123,11 @@ Place PlaceBy(Chance& chance)
     return {target, strip, x, chance.Below(1000)};
 }
 
+Chance ChanceOf(std::uint64_t seed, std::uint64_t number)
+{
+    return Chance(Chance(seed).Bits() ^ Chance(~number).Bits());
+}
+
 std::string Describe(const Place& place)
 {
     std::ostringstream out;
@@ -115,24 +139,35 @@ std::string Describe(const Place& place)
 
 Event EventAt(std::uint64_t seed, std::uint64_t number)
 {
-    Chance chance(Chance(seed).Bits() ^ Chance(~number).Bits());
+    Chance chance = ChanceOf(seed, number);
+    const auto habits = [&] { return ChanceOf(~seed, number / kHabitual); };
+    const bool free = chance.Below(8) == 0;
     Event event{};
-    event.deed = chance.From(kDeeds).value;
+    event.deed = free ? chance.From(kDeeds).value : chance.FromSome(8, habits(), kDeeds).value;
+    event.key = int(&(free ? chance.From(kKeys) : chance.FromSome(5, habits(), kKeys)) - kKeys);
     event.place = PlaceBy(chance);
+    if (const int again = chance.Below(12); again < 4) {
+        Chance habit = habits();
+        for (int i = 0; i <= again; ++i)
+            event.place = PlaceBy(habit);
+    }
     event.end = PlaceBy(chance);
     event.button = event.deed == Deed::wheel ? chance.From(kWheels).value : chance.From(kButtons).value;
     event.modifiers = chance.From(kModifiers).value;
-    event.key = int(&chance.From(kKeys) - kKeys);
-    event.count = chance.Between(1, 8);
-    if (event.deed == Deed::rest) {
-        const auto& rest = chance.From(kRests);
-        event.count = chance.Between(rest.least, rest.most);
-    }
+    if (event.deed == Deed::key && kKeys[event.key].modifiers != kAny)
+        event.modifiers = kKeys[event.key].modifiers;
+    const auto& rest = chance.From(kRests);
+    event.count = event.deed == Deed::rest ? chance.Between(rest.least, rest.most) : chance.Between(1, 8);
     const auto& size = chance.From(kSizes);
     event.width = size.wide > 0 ? chance.Between(1, size.wide) : 0;
     event.height = size.high > 0 ? chance.Between(1, size.high) : 0;
-    event.wait = chance.Below(3) > 0;
+    event.wait = chance.Below(2) > 0;
     event.bits = chance.Bits();
+    if (number % kHabitual == 0) {
+        event.deed = Deed::resize;
+        event.width = event.height = 0;
+    } else if (number % kHabitual == 1)
+        event.deed = Deed::comeBack;
     return event;
 }
 
