@@ -97,7 +97,7 @@ const struct { const char* name; unsigned modifiers; int weight; } kKeys[] = {
     {"Left", kAny, 3}, {"Right", kAny, 3}, {"Up", kAny, 3}, {"Down", kAny, 3}, {"Home", kAny, 2}, {"End", kAny, 2},
     {"Prior", kAny, 2}, {"Next", kAny, 2}, {"BackSpace", kAny, 2}, {"Delete", kAny, 3}, {"Insert", kAny, 2},
     {"Tab", kAny, 2}, {"Return", kAny, 2}, {"Escape", kAny, 2}, {"space", kAny, 2}, {"Menu", kAny, 1},
-    {"KP_Enter", kAny, 1}, {"KP_Add", kAny, 1}, {"KP_Home", kAny, 1}, {"Pause", kAny, 1}, {"Num_Lock", kAny, 1},
+    {"KP_Enter", kAny, 1}, {"KP_Add", kAny, 1}, {"KP_Home", kAny, 1}, {"Pause", kAny, 1},
     {"F1", kAny, 1}, {"F2", kAny, 1}, {"F3", kAny, 2}, {"F4", kAny, 2}, {"F5", kAny, 1}, {"F6", kAny, 1},
     {"F7", kAny, 1}, {"F8", kAny, 1}, {"F9", kAny, 1}, {"F10", kAny, 1}, {"F11", kAny, 1}, {"F12", kAny, 1},
     {"Super_L", kAny, 1}, {"Shift_L", kAny, 1}, {"slash", kAny, 1}, {"minus", kAny, 1},

@@ -274,8 +274,10 @@ Hands::~Hands()
         XCloseDisplay(m->display);
 }
 
-void Hands::ForgetProgram()
+void Hands::BeginAnew()
 {
+    LetGo();
+    XTestFakeMotionEvent(m->display, -1, 1, 1, CurrentTime);
     m->main = None;
     for (int i = 0; i < 500 && !m->Clients().empty(); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));

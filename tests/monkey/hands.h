@@ -15,8 +15,8 @@ public:
     Hands(); // throws std::runtime_error without a display
     ~Hands();
 
-    void ForgetProgram(); // and waits until its windows have gone; then the next may start
-    bool FindProgram();   // true when its main window is there
+    void BeginAnew();   // forgets the last program, when its windows have gone; then the next may start
+    bool FindProgram(); // true when its main window is there
 
     void Perform(const Event& event);
     void LetGo(); // of whatever is held

@@ -71,7 +71,7 @@ void Run::Begin(std::uint64_t number)
     m_burst = 0;
     m_last = {"(start of " + arguments.back() + ")"};
     ++m_lives;
-    m_hands.ForgetProgram();
+    m_hands.BeginAnew();
     m_program.Start(arguments, MONKEY_WITNESS);
     const auto limit = Clock::now() + std::chrono::milliseconds(2 * kPatience);
     while (m_program.IsRunning() && !m_hands.FindProgram()) {
@@ -114,7 +114,7 @@ void Run::Step(std::uint64_t number)
         IsWell(true);
 }
 
-// The program is closed as a user closes it, so that its end is seen as well, and what it leaks.
+// The program is closed as a user closes it, so that its end is seen as well.
 void Run::Finish()
 {
     if (!m_program.IsRunning() || !IsWell(true))
@@ -180,14 +180,15 @@ bool Run::Go()
             Finish();
         if (!m_program.IsRunning())
             Begin(number);
-        if (m_program.IsRunning())
-            Step(number);
+        if (!m_program.IsRunning())
+            throw std::runtime_error("the program does not start");
+        Step(number);
     }
     Finish();
     const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
-    const auto events = static_cast<unsigned long long>(m_task.last - m_task.first + 1);
-    std::printf("%llu events in %.1f s, %.0f a second; %d starts; %zu kinds of findings\n", events, seconds,
-                double(events) / seconds, m_lives, m_findings.size());
+    const auto events = double(m_task.last - m_task.first + 1);
+    std::printf("%.0f events in %.1f s, %.0f a second; %d starts; %zu kinds of findings\n", events, seconds,
+                events / seconds, m_lives, m_findings.size());
     for (const auto& [kind, count] : m_findings)
         std::printf("%5d x %s\n", count, FirstLines(kind, 3).c_str());
     return m_findings.empty();
