@@ -76,8 +76,8 @@ const struct { Target value; int weight; const char* name; } kTargets[] = {
     {Target::nowhere,  4, "nowhere"},
 };
 const struct { Strip value; int weight; const char* name; } kStrips[] = {
-    {Strip::all,    80, ""},
-    {Strip::top,    10, " top"},
+    {Strip::all,    85, ""},
+    {Strip::top,     5, " top"},
     {Strip::right,   5, " right"},
     {Strip::bottom,  5, " bottom"},
 };
@@ -92,8 +92,8 @@ const struct { int least, most; int weight; } kRests[] = {{1, 30, 16}, {30, 200,
 constexpr unsigned kAny = 8, kShift = 1, kControl = 2, kAlt = 4; // kAny: by the table above
 const struct { const char* name; unsigned modifiers; int weight; } kKeys[] = {
     {"Tab", 0, 5}, {"Tab", kShift, 4}, {"Tab", kControl, 2}, {"Next", kControl, 2}, {"Prior", kControl, 2},
-    {"F2", 0, 8}, {"Return", 0, 4}, {"Escape", 0, 4}, {"space", 0, 3}, {"Menu", 0, 4}, {"F10", kShift, 2},
-    {"Down", kAlt, 8}, {"Up", kAlt, 2}, {"Down", 0, 4}, {"Down", kShift, 2},
+    {"F2", 0, 12}, {"Return", 0, 4}, {"Escape", 0, 4}, {"space", 0, 3}, {"Menu", 0, 4}, {"F10", kShift, 2},
+    {"Down", kAlt, 12}, {"Up", kAlt, 2}, {"Down", 0, 4}, {"Down", kShift, 2},
     {"Left", kAny, 3}, {"Right", kAny, 3}, {"Up", kAny, 3}, {"Down", kAny, 3}, {"Home", kAny, 2}, {"End", kAny, 2},
     {"Prior", kAny, 2}, {"Next", kAny, 2}, {"BackSpace", kAny, 2}, {"Delete", kAny, 3}, {"Insert", kAny, 2},
     {"Tab", kAny, 2}, {"Return", kAny, 2}, {"Escape", kAny, 2}, {"space", kAny, 2}, {"Menu", kAny, 1},
@@ -143,8 +143,8 @@ Event EventAt(std::uint64_t seed, std::uint64_t number)
     const auto habits = [&] { return ChanceOf(~seed, number / kHabitual); };
     const bool free = chance.Below(8) == 0;
     Event event{};
-    event.deed = free ? chance.From(kDeeds).value : chance.FromSome(8, habits(), kDeeds).value;
-    event.key = int(&(free ? chance.From(kKeys) : chance.FromSome(5, habits(), kKeys)) - kKeys);
+    event.deed = free ? chance.From(kDeeds).value : chance.FromSome(6, habits(), kDeeds).value;
+    event.key = int(&(free ? chance.From(kKeys) : chance.FromSome(4, habits(), kKeys)) - kKeys);
     event.place = PlaceBy(chance);
     if (const int again = chance.Below(12); again < 4) {
         Chance habit = habits();
