@@ -51,6 +51,7 @@ struct Hands::Inside
 
     void MoveTo(const Place& place);
     void Button(int number, bool down);
+    void LetGo();
     void Key(KeySym symbol, bool down);
     void Tap(KeySym symbol);
     void Click(int button, int times);
@@ -175,6 +176,12 @@ void Hands::Inside::Button(int number, bool down)
     XTestFakeButtonEvent(display, unsigned(number), down, CurrentTime);
 }
 
+void Hands::Inside::LetGo()
+{
+    while (!buttons.empty())
+        Button(*buttons.begin(), false);
+}
+
 void Hands::Inside::Key(KeySym symbol, bool down)
 {
     const KeyCode code = XKeysymToKeycode(display, symbol);
@@ -234,6 +241,10 @@ void Hands::Inside::Hold(unsigned modifiers, bool down)
 
 void Hands::Inside::Press(const Event& event)
 {
+    // A notch grabs the pointer as any button does, until all are up, but GDK does not know: when the program
+    // has ended its own grab while a button is held, a press outside its windows is then GDK's own critical.
+    if (event.deed == Deed::wheel)
+        LetGo();
     MoveTo(event.place);
     Hold(event.modifiers, true);
     if (event.deed == Deed::drag)
@@ -276,7 +287,7 @@ Hands::~Hands()
 
 void Hands::BeginAnew()
 {
-    LetGo();
+    m->LetGo();
     XTestFakeMotionEvent(m->display, -1, 1, 1, CurrentTime);
     m->main = None;
     for (int i = 0; i < 500 && !m->Clients().empty(); ++i)
@@ -303,7 +314,7 @@ void Hands::Perform(const Event& event)
         m->MoveTo(event.place);
         break;
     case Deed::release:
-        LetGo();
+        m->LetGo();
         break;
     case Deed::key:
         m->Hold(event.modifiers, true);
@@ -335,15 +346,9 @@ void Hands::Perform(const Event& event)
     XFlush(m->display);
 }
 
-void Hands::LetGo()
-{
-    while (!m->buttons.empty())
-        m->Button(*m->buttons.begin(), false);
-}
-
 void Hands::AskToClose()
 {
-    LetGo();
+    m->LetGo();
     m->Tap(XK_Escape); // what is open above the window
     for (const Window window : m->Clients())
         m->Tell(window, "WM_PROTOCOLS", long(m->Name("WM_DELETE_WINDOW")), CurrentTime, 0, false);

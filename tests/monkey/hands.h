@@ -19,7 +19,6 @@ public:
     bool FindProgram(); // true when its main window is there
 
     void Perform(const Event& event);
-    void LetGo(); // of whatever is held
     void AskToClose();
 
     enum class Answer
