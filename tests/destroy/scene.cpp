@@ -1,0 +1,348 @@
+#include "scene.h"
+
+#include <fnmatch.h>
+#include <gtk/gtk.h>
+#include <wx/app.h>
+#include <wx/dialog.h>
+#include <wx/evtloop.h>
+
+namespace vela7::test {
+namespace {
+
+// clang-format off
+constexpr Thing endsWith[thingCount] = {
+    nothing,
+    nothing,   // theFrame
+    theFrame,  // theGrand
+    theGrand,  // thePanel
+    thePanel,  // theOuter
+    theOuter,  // theWindow
+    theWindow, // theChild
+    thePanel,  // theSibling
+    theWindow, // theControl
+    theWindow, // thePopup
+    thePopup,  // theContent
+    theWindow, // theTip
+    theTip,    // theLayer
+    nothing,   // theMenus
+};
+
+// What GTK complains of without us, when a focus is gone before it has come.
+const struct { const char *stages, *victims, *text; } excused[] = {
+    {"*_focus*", "*", "g_object_notify"},
+};
+// clang-format on
+
+bool Matches(const char* pattern, const std::string& name)
+{
+    return fnmatch(pattern, name.c_str(), 0) == 0;
+}
+
+// Deleted on an idle pass, after everything that waits for one already.
+class LastOne : public wxObject
+{
+public:
+    explicit LastOne(std::function<void()> end) : m_end(std::move(end)) {}
+    ~LastOne() override { m_end(); }
+    LastOne(const LastOne&) = delete;
+    LastOne& operator=(const LastOne&) = delete;
+
+private:
+    std::function<void()> m_end;
+};
+
+void OnIdle(std::function<void()> act)
+{
+    wxTheApp->ScheduleForDestruction(new LastOne(std::move(act)));
+    wxWakeUpIdle();
+}
+
+} // namespace
+
+void RunLoopUntilIdle(Scene&)
+{
+    wxEventLoop loop;
+    OnIdle([&loop] { loop.Exit(); });
+    loop.Run();
+}
+
+void ShowModalDialog(Scene&)
+{
+    struct Dialog : wxDialog, wxTimer
+    {
+        Dialog()
+            : wxDialog(nullptr, wxID_ANY, "in between", wxPoint(700, 100), wxSize(100, 60),
+                       wxDEFAULT_DIALOG_STYLE | wxDIALOG_NO_PARENT)
+        {
+        }
+        void Notify() override
+        {
+            if (idle && Viewable(this))
+                EndModal(wxID_OK);
+        }
+        bool idle = false;
+    } dialog;
+    OnIdle([&dialog] { dialog.idle = true; });
+    dialog.wxTimer::Start(5);
+    dialog.ShowModal();
+}
+
+// ---- cells
+
+std::string Cell::Name() const
+{
+    return std::string(family->name) + '_' + row->name + '_' + victim->name + '_' + after->name;
+}
+
+bool Cell::Is(const char* stages, const char* victims) const
+{
+    return Matches(stages, std::string(family->name) + '_' + row->name) && Matches(victims, victim->name);
+}
+
+// ---- scenes
+
+void Scene::Build(Shape shape)
+{
+    wxWindow* const root = frame;
+    if (shape == fillingFrame) {
+        parent = frame;
+    } else {
+        grand = new wxPanel(root, wxID_ANY, wxPoint(0, 0), wxSize(400, 200));
+        panel = parent = new wxPanel(grand, wxID_ANY, wxPoint(0, 0), wxSize(400, 200));
+    }
+    if (shape == nested) {
+        auto* const made = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
+        made->SetWindowRect(0, 0, 230, 180, false);
+        Watch(theOuter, Native(made), made, made);
+        outer = made;
+        parent = Native(made);
+    }
+    window = new CwxSysWindow(parent, shape == child || shape == nested, ISysWindow::wtNormal);
+    native = Native(window);
+    if (shape == child || shape == nested)
+        window->SetWindowRect(20, 10, 220, 110, false);
+    inner = window->CreateChild(ISysWindow::wtNormal);
+    inner->SetWindowRect(150, 60, 190, 90, false);
+    sibling = new CwxSysWindow(panel ? panel : root, true, ISysWindow::wtNormal);
+    sibling->SetWindowRect(250, 10, 350, 110, false);
+    other = new wxTextCtrl(frame, wxID_ANY, "", wxPoint(20, 220));
+    other->SetFocus();
+    Watch(theFrame, frame, nullptr);
+    Watch(theGrand, grand, nullptr);
+    Watch(thePanel, panel, nullptr);
+    Watch(theWindow, native, window, window);
+    Watch(theChild, Native(inner), inner, inner);
+    Watch(theSibling, Native(sibling), sibling, sibling);
+    Settle();
+}
+
+void Scene::Watch(Thing thing, wxWindow* watched, const CBase* toolkit, ISysWindow* listened)
+{
+    if (!watched)
+        return;
+    Watched& entry = m_watched[thing];
+    entry.made = true;
+    entry.native = watched;
+    if (toolkit)
+        entry.life = toolkit->WatchLife();
+    if (!listened)
+        return;
+    entry.heard = std::make_unique<Recorder>(listened);
+    entry.heard->Hear<IWindowNotify>();
+}
+
+void Scene::Hold(CHandle<ICustomControl> made)
+{
+    control = std::move(made);
+    control->SetPos(10, 10, 140, 40);
+    nativeControl = static_cast<wxWindow*>(control->GetNativeHandle());
+    Watch(theControl, nativeControl, control.Get());
+    Settle();
+}
+
+void Scene::MakeEdit(unsigned long style)
+{
+    text = window->CreateInplaceEdit(style);
+    Hold(CHandle<ICustomControl>(text.Get()));
+}
+
+void Scene::MakeCombo(bool editable)
+{
+    const CHandle<IInplaceComboBox> combo = window->CreateInplaceComboBox(editable);
+    for (const char* item : {"one", "two", "three"})
+        combo->SetString(item, -1);
+    text = CHandle<IInplaceEdit>(combo.Get());
+    Hold(CHandle<ICustomControl>(combo.Get()));
+}
+
+void Scene::MakeBar()
+{
+    const CHandle<IScrollBar> bar = window->CreateScrollBar(ISysWindow::stHorizontal);
+    ScrollInfo info;
+    info.max = 100, info.line = 10, info.page = 20, info.pos = 50;
+    bar->SetScrollInfo(info);
+    Hold(CHandle<ICustomControl>(bar.Get()));
+    control->SetPos(0, 0, 200, 20);
+}
+
+void Scene::MakeHeld(bool autoDelete, wxWindow* on)
+{
+    Hold(CreateCustomControl(new wxTextCtrl(on, wxID_ANY), window, autoDelete));
+}
+
+void Scene::MakePopup()
+{
+    popup = window->CreatePopup();
+    content = popup->GetContent();
+    popup->SetSize(120, 80);
+    Watch(thePopup, Native(content)->GetParent(), popup.Get());
+    Watch(theContent, Native(content), content, content);
+}
+
+void Scene::MakeTip()
+{
+    window->SetTooltipDelay(0);
+    tip = dynamic_cast<CwxTooltip*>(window->TakeTooltip());
+    Watch(theTip, tip, nullptr);
+}
+
+void Scene::MakeLayer()
+{
+    tip->SetLayerMode(ITooltip::lmCustom, true);
+    layer = tip->GetCustomLayer();
+    Watch(theLayer, Native(layer), layer, layer);
+}
+
+void Scene::MakeMenus()
+{
+    menus = std::make_unique<MenuTree>(*window);
+}
+
+void Scene::TearDown()
+{
+    text.Reset();
+    DropAll();
+    GuiTest::TearDown();
+}
+
+// ---- cells in a scene
+
+void Scene::Arm(const Cell& cell)
+{
+    m_cell = &cell;
+    const std::string hook = cell.row->hook;
+    const auto spring = [this](auto&&...) { Spring(); };
+    const std::pair<Thing, ISysWindow*> subjects[] = {
+        {theWindow, window}, {theChild, inner}, {theContent, content}, {theLayer, layer}};
+    for (const auto& [thing, subject] : subjects)
+        if (thing == cell.family->subject) {
+            m_first = std::make_unique<Recorder>(subject);
+            m_second = std::make_unique<Recorder>(subject);
+            m_first->HearAll(), m_second->HearAll();
+            m_first->DoIn(hook, spring);
+        }
+    if (text) {
+        m_edits = std::make_unique<EditRecorder>(*text);
+        m_edits->DoIn(hook, spring);
+    }
+    m_ear.heard = spring;
+    if (hook == "scroll")
+        Subscribe<IScrollBarNotify>(*control, &m_ear);
+    if (hook == "command")
+        Subscribe<IMenuNotify>(*menus->menus[2], &m_ear);
+    if (hook == "in")
+        control->focus_in_signal.connect(spring);
+    if (hook == "out")
+        control->focus_out_signal.connect(spring);
+    text.Reset(); // the control's handle is the only one
+}
+
+void Scene::Forget()
+{
+    if (m_first)
+        m_first->Forget(), m_second->Forget();
+    if (m_edits)
+        m_edits->Forget();
+    if (control) {
+        control->focus_in_signal.disconnect_all(), control->focus_out_signal.disconnect_all();
+        control->Unsubscribe(static_cast<IScrollBarNotify*>(&m_ear), typeid(IScrollBarNotify), false);
+    }
+    if (menus)
+        menus->menus[2]->Unsubscribe(static_cast<IMenuNotify*>(&m_ear), typeid(IMenuNotify), false);
+}
+
+void Scene::Spring()
+{
+    if (calls++ > 0)
+        return;
+    m_cell->victim->kill(*this);
+    m_cell->after->run(*this);
+}
+
+bool Scene::Lives(Thing thing) const
+{
+    const Watched& entry = m_watched[thing];
+    return entry.native;
+}
+
+bool Scene::EndsWith(Thing thing, const Cell& cell) const
+{
+    for (; thing != nothing; thing = endsWith[thing])
+        if (thing == cell.row->ends || std::count(cell.victim->ends.begin(), cell.victim->ends.end(), thing))
+            return true;
+    return false;
+}
+
+void Scene::Check(const Cell& cell)
+{
+    EXPECT_GE(calls, 1) << "the notification did not come";
+    const bool throws = cell.Is("*", "thrown");
+    ExpectFaults(Fault::loop, throws && !cell.Is("*_destroy*", "*") ? 1 : 0, "a listener's");
+    for (int i = theFrame; i < thingCount; ++i) {
+        const Watched& entry = m_watched[i];
+        if (!entry.made)
+            continue;
+        const bool ends = EndsWith(Thing(i), cell);
+        EXPECT_EQ(ends, !entry.native) << "native window of thing " << i;
+        EXPECT_TRUE(!ends || !entry.life.IsAlive()) << "life of thing " << i;
+        if (entry.heard) {
+            EXPECT_EQ(ends, !entry.life.IsAlive()) << "life of thing " << i;
+            EXPECT_EQ(ends ? 1 : 0, entry.heard->Count("destroy")) << "of thing " << i;
+        }
+    }
+    EXPECT_TRUE(!m_second || !cell.Is("*", "listeners") || m_second->Count(cell.row->hook) == 0);
+    if (Lives(theWindow))
+        window->Refresh(0, 0, 200, 100, true);
+    for (const std::string& message : TakeCriticals()) {
+        const auto covers = [&](const auto& e) {
+            return cell.Is(e.stages, e.victims) && message.find(e.text) != std::string::npos;
+        };
+        EXPECT_TRUE(std::any_of(std::begin(excused), std::end(excused), covers)) << message;
+    }
+}
+
+void Scene::FrameWorks()
+{
+    ReleaseAll();
+    if (popup)
+        popup->Hide();
+    if (Lives(theTip))
+        window->HideTooltip();
+    if (!frame)
+        GuiTest::SetUp();
+    EXPECT_FALSE(gdk_pointer_is_grabbed() || gtk_grab_get_current()) << "a grab is left";
+    EXPECT_EQ(nullptr, wxWindow::GetCapture());
+    auto* const fresh = new CwxSysWindow(frame, true, ISysWindow::wtNormal);
+    fresh->SetWindowRect(250, 210, 390, 290, false);
+    Native(fresh)->Raise();
+    Settle();
+    Recorder heard(fresh);
+    heard.Hear<IMouseNotify, IKeyboardNotify>();
+    test::PointAt(Native(fresh), 50, 40);
+    Click();
+    Tap(GDK_KEY_a);
+    EXPECT_EQ(1, heard.Count("release")) << "a click";
+    EXPECT_EQ(1, heard.Count("keyup")) << "a key";
+}
+
+} // namespace vela7::test
