@@ -51,11 +51,16 @@ const Row popupRows[] = {
     {"contentdestroy", "destroy", Nothing, [](Scene& s) { Native(s.content)->Destroy(); }, theContent},
 };
 const Row ownerRows[] = { // of the owner, while its popup is shown
+    {"whileshown", "",      Nothing,                               Now},
+    {"whilecaptured", "",   [](Scene& s) { s.content->CaptureMouse(); }, Now},
+    {"whilehiding", "",     [](Scene& s) { s.popup->Hide(); },      Now}, // the focus is on its way
     {"unfocus", "unfocus", [](Scene& s) { s.window->SetFocus(); }, [](Scene& s) { s.other->SetFocus(); }},
     {"focus",   "focus",   Nothing,                                [](Scene&) { MovePointer(900, 900); Click(); }}, // which hides the popup
     {"destroy", "destroy", Nothing,                                [](Scene& s) { s.native->Destroy(); }, theWindow},
 };
 const Row tipRows[] = {
+    {"whileshown", "",     PointAtTip, Now},
+    {"whiledelayed", "",   [](Scene& s) { s.window->SetTooltipDelay(1); s.PointAt(160, 65); s.window->TrackTooltip(300, 300, "late"); }, Now},
     {"motion",  "motion",  PointAtTip, [](Scene& s) { MoveTo(s.tip, 7, 5); }},
     {"press",   "press",   PointAtTip, [](Scene&) { Press(); }},
     {"release", "release", [](Scene& s) { PointAtTip(s); Press(); }, [](Scene&) { Release(); }},

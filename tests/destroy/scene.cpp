@@ -10,26 +10,28 @@ namespace vela7::test {
 namespace {
 
 // clang-format off
-constexpr Thing endsWith[thingCount] = {
-    nothing,
-    nothing,   // theFrame
-    theFrame,  // theGrand
-    theGrand,  // thePanel
-    thePanel,  // theOuter
-    theOuter,  // theWindow
-    theWindow, // theChild
-    thePanel,  // theSibling
-    theWindow, // theControl
-    theWindow, // thePopup
-    thePopup,  // theContent
-    theWindow, // theTip
-    theTip,    // theLayer
-    nothing,   // theMenus
+const struct { const char* name; Thing with; } thingEnds[thingCount] = {
+    {"nothing", nothing},
+    {"frame",    nothing},
+    {"grand",    theFrame},
+    {"panel",    theGrand},
+    {"outer",    thePanel},
+    {"window",   theOuter},
+    {"child",    theWindow},
+    {"sibling",  thePanel},
+    {"control",  theWindow},
+    {"stranger", theFrame},
+    {"holder",   nothing},
+    {"popup",    theWindow},
+    {"content",  thePopup},
+    {"tip",      theWindow},
+    {"layer",    theTip},
 };
 
 // What GTK complains of without us, when a focus is gone before it has come.
 const struct { const char *stages, *victims, *text; } excused[] = {
-    {"*_focus*", "*", "g_object_notify"},
+    {"*_focus*",  "*", "g_object_notify"},
+    {"*_clickin", "*", "g_object_notify"},
 };
 // clang-format on
 
@@ -85,6 +87,17 @@ void ShowModalDialog(Scene&)
     OnIdle([&dialog] { dialog.idle = true; });
     dialog.wxTimer::Start(5);
     dialog.ShowModal();
+}
+
+void ByTimer(Scene& s)
+{
+    struct Timer : wxTimer
+    {
+        explicit Timer(Scene& of) : scene(of) { StartOnce(1); }
+        void Notify() override { scene.Spring(); }
+        Scene& scene;
+    } timer(s);
+    WaitFor([&s] { return s.calls > 0; }, "the timer");
 }
 
 // ---- cells
@@ -151,12 +164,12 @@ void Scene::Watch(Thing thing, wxWindow* watched, const CBase* toolkit, ISysWind
     entry.heard->Hear<IWindowNotify>();
 }
 
-void Scene::Hold(CHandle<ICustomControl> made)
+void Scene::Hold(CHandle<ICustomControl> made, Thing as)
 {
     control = std::move(made);
-    control->SetPos(10, 10, 140, 40);
+    control->SetPos(10, 10, 150, 40);
     nativeControl = static_cast<wxWindow*>(control->GetNativeHandle());
-    Watch(theControl, nativeControl, control.Get());
+    Watch(as, nativeControl, control.Get());
     Settle();
 }
 
@@ -185,9 +198,14 @@ void Scene::MakeBar()
     control->SetPos(0, 0, 200, 20);
 }
 
-void Scene::MakeHeld(bool autoDelete, wxWindow* on)
+void Scene::MakeHeld(bool autoDelete, bool elsewhere)
 {
-    Hold(CreateCustomControl(new wxTextCtrl(on, wxID_ANY), window, autoDelete));
+    auto* const made = new wxTextCtrl(elsewhere ? static_cast<wxWindow*>(frame) : native, wxID_ANY);
+    Hold(CreateCustomControl(made, window, autoDelete), elsewhere ? theStranger : theControl);
+    if (autoDelete)
+        return;
+    std::swap(m_watched[theHolder].life, m_watched[elsewhere ? theStranger : theControl].life);
+    m_watched[theHolder].made = true;
 }
 
 void Scene::MakePopup()
@@ -232,16 +250,13 @@ void Scene::Arm(const Cell& cell)
     m_cell = &cell;
     const std::string hook = cell.row->hook;
     const auto spring = [this](auto&&...) { Spring(); };
-    const std::pair<Thing, ISysWindow*> subjects[] = {
-        {theWindow, window}, {theChild, inner}, {theContent, content}, {theLayer, layer}};
-    for (const auto& [thing, subject] : subjects)
-        if (thing == cell.family->subject) {
-            m_first = std::make_unique<Recorder>(subject);
-            m_second = std::make_unique<Recorder>(subject);
-            m_first->HearAll(), m_second->HearAll();
-            m_first->DoIn(hook, spring);
-        }
-    if (text) {
+    if (ISysWindow* const subject = Toolkit(cell.family->subject); subject && !hook.empty()) {
+        m_first = std::make_unique<Recorder>(subject);
+        m_second = std::make_unique<Recorder>(subject);
+        m_first->HearAll(), m_second->HearAll();
+        m_first->DoIn(hook, spring);
+    }
+    if (text && !hook.empty()) {
         m_edits = std::make_unique<EditRecorder>(*text);
         m_edits->DoIn(hook, spring);
     }
@@ -265,10 +280,10 @@ void Scene::Forget()
         m_edits->Forget();
     if (control) {
         control->focus_in_signal.disconnect_all(), control->focus_out_signal.disconnect_all();
-        control->Unsubscribe(static_cast<IScrollBarNotify*>(&m_ear), typeid(IScrollBarNotify), false);
+        Unsubscribe<IScrollBarNotify>(*control, &m_ear);
     }
     if (menus)
-        menus->menus[2]->Unsubscribe(static_cast<IMenuNotify*>(&m_ear), typeid(IMenuNotify), false);
+        Unsubscribe<IMenuNotify>(*menus->menus[2], &m_ear);
 }
 
 void Scene::Spring()
@@ -285,9 +300,20 @@ bool Scene::Lives(Thing thing) const
     return entry.native;
 }
 
+ISysWindow* Scene::Toolkit(Thing thing) const
+{
+    const std::pair<Thing, ISysWindow*> all[] = {{theOuter, outer},     {theWindow, window},
+                                                 {theChild, inner},     {theSibling, sibling},
+                                                 {theContent, content}, {theLayer, layer}};
+    for (const auto& [which, toolkit] : all)
+        if (which == thing)
+            return toolkit;
+    return nullptr;
+}
+
 bool Scene::EndsWith(Thing thing, const Cell& cell) const
 {
-    for (; thing != nothing; thing = endsWith[thing])
+    for (; thing != nothing; thing = thingEnds[thing].with)
         if (thing == cell.row->ends || std::count(cell.victim->ends.begin(), cell.victim->ends.end(), thing))
             return true;
     return false;
@@ -295,21 +321,12 @@ bool Scene::EndsWith(Thing thing, const Cell& cell) const
 
 void Scene::Check(const Cell& cell)
 {
-    EXPECT_GE(calls, 1) << "the notification did not come";
+    ASSERT_GE(calls, 1) << "the notification did not come";
     const bool throws = cell.Is("*", "thrown");
-    ExpectFaults(Fault::loop, throws && !cell.Is("*_destroy*", "*") ? 1 : 0, "a listener's");
-    for (int i = theFrame; i < thingCount; ++i) {
-        const Watched& entry = m_watched[i];
-        if (!entry.made)
-            continue;
-        const bool ends = EndsWith(Thing(i), cell);
-        EXPECT_EQ(ends, !entry.native) << "native window of thing " << i;
-        EXPECT_TRUE(!ends || !entry.life.IsAlive()) << "life of thing " << i;
-        if (entry.heard) {
-            EXPECT_EQ(ends, !entry.life.IsAlive()) << "life of thing " << i;
-            EXPECT_EQ(ends ? 1 : 0, entry.heard->Count("destroy")) << "of thing " << i;
-        }
-    }
+    ExpectFaults(Fault::loop, throws && !cell.Is("*_*destroy", "*") ? 1 : 0, "a listener's");
+    for (int i = theFrame; i < thingCount; ++i)
+        if (m_watched[i].made)
+            CheckThing(Thing(i), EndsWith(Thing(i), cell));
     EXPECT_TRUE(!m_second || !cell.Is("*", "listeners") || m_second->Count(cell.row->hook) == 0);
     if (Lives(theWindow))
         window->Refresh(0, 0, 200, 100, true);
@@ -318,6 +335,19 @@ void Scene::Check(const Cell& cell)
             return cell.Is(e.stages, e.victims) && message.find(e.text) != std::string::npos;
         };
         EXPECT_TRUE(std::any_of(std::begin(excused), std::end(excused), covers)) << message;
+    }
+}
+
+void Scene::CheckThing(Thing thing, bool ends)
+{
+    SCOPED_TRACE(thingEnds[thing].name);
+    const Watched& entry = m_watched[thing];
+    EXPECT_TRUE(!entry.native || !ends) << "its native window lives";
+    EXPECT_TRUE(entry.native || ends || thing == theHolder) << "its native window is gone";
+    EXPECT_TRUE(!entry.life.IsAlive() || !ends) << "it lives";
+    if (entry.heard) {
+        EXPECT_TRUE(entry.life.IsAlive() || ends) << "it is gone";
+        EXPECT_EQ(ends ? 1 : 0, entry.heard->Count("destroy"));
     }
 }
 
@@ -341,6 +371,9 @@ void Scene::FrameWorks()
     test::PointAt(Native(fresh), 50, 40);
     Click();
     Tap(GDK_KEY_a);
+    fresh->CaptureMouse();
+    fresh->ReleaseMouse();
+    EXPECT_EQ(nullptr, wxWindow::GetCapture());
     EXPECT_EQ(1, heard.Count("release")) << "a click";
     EXPECT_EQ(1, heard.Count("keyup")) << "a key";
 }

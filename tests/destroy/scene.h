@@ -28,13 +28,17 @@ enum Thing
     theWindow,
     theChild,
     theSibling,
-    theControl, // editor, combo box, bar or held control on the window
+    theControl,  // on the window: editor, combo box, bar or held control
+    theStranger, // held control elsewhere
+    theHolder,   // of a control that lives on
     thePopup,
     theContent,
     theTip,
     theLayer,
-    theMenus, // not watched: they end with their handles
-    thingCount
+    thingCount,
+    // Not watched; they tell what there is to end.
+    theHandle = thingCount, // of a control that ends with it
+    theMenus
 };
 using Things = std::array<Thing, 3>;
 constexpr unsigned Set(Thing thing)
@@ -123,7 +127,7 @@ public:
     void MakeEdit(unsigned long style);
     void MakeCombo(bool editable);
     void MakeBar();
-    void MakeHeld(bool autoDelete, wxWindow* on);
+    void MakeHeld(bool autoDelete, bool elsewhere);
     void MakePopup();
     void MakeTip();
     void MakeLayer();
@@ -147,6 +151,7 @@ public:
     void HideOthers() { other->Hide(), sibling ? sibling->SetVisible(false) : void(); }
     void DropAll() { control.Reset(), popup.Reset(), menus ? menus->Reset() : void(); }
     bool Lives(Thing thing) const;
+    ISysWindow* Toolkit(Thing thing) const; // window
 
     void Check(const Cell& cell); // what has ended and what has not
     void FrameWorks();            // it hears keys and clicks, and nothing is grabbed
@@ -183,7 +188,8 @@ private:
         std::unique_ptr<Recorder> heard; // of toolkit windows
     };
     void Watch(Thing thing, wxWindow* watched, const CBase* toolkit, ISysWindow* listened = nullptr);
-    void Hold(CHandle<ICustomControl> made);
+    void Hold(CHandle<ICustomControl> made, Thing as = theControl);
+    void CheckThing(Thing thing, bool ends);
     bool EndsWith(Thing thing, const Cell& cell) const;
 
     const Cell* m_cell = nullptr;
@@ -199,6 +205,13 @@ void Send(wxWindow* window, Event event)
     event.SetEventObject(window);
     window->HandleWindowEvent(event);
 }
+
+// Rows without a notification: in the middle of something else, by a call of the host or by its timer.
+inline void Now(Scene& s)
+{
+    s.Spring();
+}
+void ByTimer(Scene& s);
 
 // Until all that has been left to an idle pass has ended.
 void RunLoopUntilIdle(Scene&);

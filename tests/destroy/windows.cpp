@@ -26,6 +26,18 @@ void Hold(Scene& s)
     Focus(s), KeyDown(GDK_KEY_a);
 }
 
+template <Thing... order>
+void Capture(Scene& s)
+{
+    (s.Toolkit(order)->CaptureMouse(), ...);
+}
+template <Thing... order>
+void ReleaseAfter(Scene& s)
+{
+    s.Spring();
+    ((s.Lives(order) ? s.Toolkit(order)->ReleaseMouse() : void()), ...);
+}
+
 // clang-format off
 const Row windowRows[] = {
     {"press",      "press",   Point,                                         [](Scene&) { Press(); }},
@@ -95,6 +107,14 @@ const Row nativeRows[] = {
     {"colours", "", [](Scene& s) { s.Host(s.native, wxEVT_SYS_COLOUR_CHANGED); },         [](Scene& s) { Send(s.native, wxSysColourChangedEvent()); }},
     {"idle",    "", [](Scene& s) { s.Host(s.native, wxEVT_IDLE); },                       [](Scene&) { Settle(); }},
     {"command", "", [](Scene& s) { s.Host(s.native, wxEVT_BUTTON); },                     [](Scene& s) { Send(s.native, wxCommandEvent(wxEVT_BUTTON)); }},
+};
+// In the middle of captures of the mouse, in this order; whoever is left releases it.
+const Row captureRows[] = {
+    {"whilebelow",  "", Capture<theWindow, theSibling>,            ReleaseAfter<theSibling, theWindow>},
+    {"whileabove",  "", Capture<theSibling, theWindow>,            ReleaseAfter<theWindow, theSibling>},
+    {"whilechild",  "", Capture<theWindow, theChild>,              ReleaseAfter<theChild, theWindow>},
+    {"whileparent", "", Capture<theChild, theWindow>,              ReleaseAfter<theWindow, theChild>},
+    {"whilemiddle", "", Capture<theSibling, theWindow, theOuter>,  ReleaseAfter<theOuter, theWindow, theSibling>},
 };
 // clang-format on
 
