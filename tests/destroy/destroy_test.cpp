@@ -67,9 +67,9 @@ const struct { const char *stages, *victims, *afters; } leftOut[] = {
     {"On*",              "listeners",      "*"},
     {"*_while*",         "thrown",         "*"},
     {"*_while*",         "listeners",      "*"},
-    // wx deletes a frame in a loop also below the frame's own event.
+    // wx deletes the frame in the loop also below an event of its own or of a panel on it.
     {"OnFrame*",         "frame",          "loop"},
-    {"OnPanel*_keys",    "frame",          "loop"},
+    {"OnPanel*",         "frame",          "loop"},
     // wx goes on with a window that it hides.
     {"Held*_hideout",    "control*",       "*"},
     {"Elsewhere_hideout", "control*",      "*"},

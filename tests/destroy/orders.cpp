@@ -107,6 +107,7 @@ const Order orders[] = {
         do
             RemoveInOrder(s, order);
         while (std::next_permutation(order.begin(), order.end())); }},
+    {"FilledParentDies", [](Scene& s) { s.Build(Scene::filling); new CwxSysWindow(s.panel, false, ISysWindow::wtNormal); s.panel->Destroy(); }},
     {"OldParentDies",    [](Scene& s) {
         s.Build(Scene::filling), s.native->Reparent(s.grand), s.panel->Destroy();
         s.native->SetSize(0, 0, 50, 40), Settle();

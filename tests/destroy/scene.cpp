@@ -356,8 +356,8 @@ void Scene::FrameWorks()
     ReleaseAll();
     if (popup)
         popup->Hide();
-    if (Lives(theTip))
-        window->HideTooltip();
+    if (Lives(theWindow))
+        window->HideTooltip(), window->ReleaseMouse();
     if (!frame)
         GuiTest::SetUp();
     EXPECT_FALSE(gdk_pointer_is_grabbed() || gtk_grab_get_current()) << "a grab is left";
