@@ -76,27 +76,6 @@ TEST_F(Construction, FillingWindowFollowsItsParent)
     ExpectBare();
 }
 
-TEST_F(Construction, TwoFillingWindowsEndInAnyOrder)
-{
-    for (const int first : {0, 1, 2}) {
-        SCOPED_TRACE(first);
-        CwxSysWindow* const windows[] = {Fill(), Fill()};
-        wxWindow* const natives[] = {Native(windows[0]), Native(windows[1])};
-        panel->SetSize(400, 310 + first);
-        EXPECT_EQ(wxSize(400, 310 + first), natives[1]->GetSize());
-        if (first == 2) { // both with the parent
-            panel->Destroy();
-            panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 300));
-        } else {
-            natives[first]->Destroy();
-            EXPECT_EQ(windows[1 - first], GetWrapper(natives[1 - first]));
-            panel->SetSize(200, 100);
-            natives[1 - first]->Destroy();
-        }
-        ExpectBare();
-    }
-}
-
 TEST_F(Construction, ForeignHandlersStay)
 {
     wxWindow* const native = Native(Fill());

@@ -20,7 +20,8 @@ public:
         Subscribe<IComboBoxNotify>(edit, this);
         Subscribe<IContextMenuNotify>(edit, this);
     }
-    ~EditRecorder() override
+    ~EditRecorder() override { Forget(); }
+    void Forget()
     {
         if (!m_life.IsAlive())
             return;

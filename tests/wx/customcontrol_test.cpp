@@ -170,23 +170,6 @@ TEST_F(CustomControl, EndsInEveryOrder)
         held.Reset();
         EXPECT_FALSE(life.IsAlive()) << way;
     }
-    Make(false); // inside its own notification, which then runs a loop
-    held->focus_in_signal.connect([&](ICustomControl*) { held.Reset(), Settle(); });
-    control->SetFocus();
-    Settle();
-    EXPECT_EQ(static_cast<wxEvtHandler*>(control), control->GetEventHandler());
-
-    auto* const loose = new Control(panel); // on another window, which lives longer
-    held = CreateCustomControl(loose, window, false);
-    const auto dying = CreateCustomControl(new Control(native), window, true);
-    dying->focus_in_signal.connect([&](ICustomControl*) { native->Destroy(); });
-    dying->SetFocus();
-    Settle();
-    EXPECT_FALSE(dying);
-    held->SetFocus();
-    EXPECT_TRUE(held->GetFocused());
-    loose->Destroy();
-    TakeCriticals(); // GTK's, of a focus that is gone before it has come
 }
 
 TEST_F(CustomControl, RightToLeft)

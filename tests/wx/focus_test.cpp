@@ -151,11 +151,6 @@ TEST_F(Focus, ChildrenReportTheirs)
     heard->Do([](CEvent&) { throw std::runtime_error("no focus wanted"); });
     tell(outside);
     ExpectFaults(Fault::loop, 2, "no focus wanted");
-    heard->Do([this](CEvent&) { native->Destroy(); });
-    const CLifeWatch life = window->WatchLife();
-    notify.OnChildFocusOut(event);
-    EXPECT_TRUE(life.IsAlive());
-    EXPECT_TRUE(WaitFor([&] { return !life.IsAlive(); }, "the end of the window"));
 }
 
 // The main loop, taken away for a moment.

@@ -164,58 +164,6 @@ TEST_P(EditAndCombo, FocusGoesToSignalsThenToTheWindow)
     text->focus_out_signal.disconnect_all();
 }
 
-TEST_P(EditAndCombo, MayGoInsideEveryNotification)
-{
-    using Hook = std::pair<std::string, std::function<void()>>;
-    wxWindow* other = nullptr;
-    // clang-format off
-    const Hook hooks[] = {
-        {"keydown", [] { KeyDown(GDK_KEY_a); }},
-        {"keydown", [] { KeyDown(GDK_KEY_Tab); }},
-        {"char",    [] { KeyDown(GDK_KEY_a); }},
-        {"text",    [] { KeyDown(GDK_KEY_a); }},
-        {"text",    [] { KeyDown(GDK_KEY_Delete); }},
-        {"text",    [&] { text->SetText("new"); }},
-        {"enter",   [] { KeyDown(GDK_KEY_Return); }},
-        {"menu",    [&] { PointAt(control, 20, 12); Press(rightButton); }},
-        {"menu",    [] { KeyDown(GDK_KEY_Menu); }},
-        {"out",     [&] { other->SetFocus(); }},
-        {"out",     [&] { text->SetVisible(false); }},
-        {"in",      [&] { native->SetFocus(); text->SetFocus(); }},
-    };
-    const Hook victims[] = {
-        {"handle", [&] { text.Reset(); }},
-        {"handle, then a loop", [&] { text.Reset(); Settle(); }},
-        {"window", [&] { native->Destroy(); }},
-        {"panel",  [&] { panel->Destroy(); }},
-        {"frame",  [&] { frame->Destroy(); }},
-    };
-    // clang-format on
-    for (const auto& [which, kill] : victims)
-        for (const auto& [where, provoke] : hooks) {
-            if (which == "panel" && where == "out")
-                continue; // wx and GTK keep the focus on what is gone, also without us
-            SCOPED_TRACE(which + " in " + where);
-            TearDown();
-            SetUp();
-            other = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(20, 200));
-            text->SetText("old");
-            const CLifeWatch life = text->WatchLife();
-            int calls = 0;
-            EditRecorder heard(*text);
-            heard.HearFocus();
-            heard.DoIn(where, [&, end = kill](CEvent*) { calls++ == 0 ? end() : void(); });
-            provoke();
-            ReleaseAll();
-            Settle();
-            EXPECT_EQ(1, calls);
-            EXPECT_FALSE(life.IsAlive() || text);
-            if (where == "in" || which == "panel")
-                TakeCriticals(); // GTK's, of a focus or an entry that goes too early
-            text.Reset();
-        }
-}
-
 TEST_F(WindowTest, EditOperations)
 {
     const auto text = window->CreateInplaceEdit(0);

@@ -1,4 +1,4 @@
-// Popups: what ends them, where the focus goes, and what happens when they end in the middle of things.
+// Popups: what hides them, where the focus goes.
 #include "windowhelpers.h"
 
 #include "support/pixels.h"
@@ -184,56 +184,4 @@ TEST_F(Popups, HideWithWhatTheyHangOn)
         Settle();
         EXPECT_FALSE(Grabbed());
     }
-}
-
-// In the notifications of the content. Afterwards nothing is left of the popup, and the owner has the focus.
-TEST_F(Popups, EndsInTheMiddle)
-{
-    const auto shrinkUnheard = [this] { // so that the next layout changes its size
-        const wxEventBlocker silence(Native(content));
-        content->SetWindowRect(0, 0, 9, 9, false);
-    };
-    // clang-format off
-    struct Row { std::string name; std::function<void()> act; };
-    const Row ends[] = {
-        {"handle",  [&] { popup.Reset(); }},
-        {"twice",   [&] { wxWindow* const host = Native(content)->GetParent(); host->Destroy(); host->Destroy(); popup.Reset(); }},
-        {"content", [&] { delete Native(content); EXPECT_EQ(nullptr, popup->GetContent()); popup.Reset(); }},
-        {"deleted", [&] { delete native; EXPECT_FALSE(popup); }},
-        {"panel",   [&] { panel->Destroy(); EXPECT_FALSE(popup); }},
-        {"frame",   [&] { frame->Destroy(); }},
-        {"handle with capture, then panel", [&] { content->CaptureMouse(); popup.Reset(); panel->Destroy(); }},
-    };
-    const Row places[] = {
-        {"colours", [&] { wxSysColourChangedEvent e; Native(content)->HandleWindowEvent(e); }},
-        {"press",   [] { ClickAt(onPopup); }},
-        {"draw",    [&] { content->Invalidate(0, 0, 20, 20); Settle(); }},
-        {"keydown", [] { Tap(GDK_KEY_Escape); }},
-        {"resize",  [&] { popup->Hide(); shrinkUnheard(); popup->Show(600, 200); }},
-        {"destroy", [&] { popup.Reset(); Settle(); }},
-        {"destroy", [&] { native->Destroy(); }},
-    };
-    // clang-format on
-    for (const Row& end : ends)
-        for (const Row& place : places) {
-            const bool inDestroy = place.name == "destroy";
-            if (inDestroy && (end.name == "deleted" || end.name == "content")) // in the middle of its end
-                continue;
-            SCOPED_TRACE(end.name + " in '" + place.name + "', row " + std::to_string(&place - places));
-            const CLifeWatch life = content->WatchLife(), ownerLife = window->WatchLife();
-            int calls = 0;
-            heard->HearAll();
-            heard->DoIn(place.name, [&](CEvent&) { calls++ == 0 ? end.act() : void(); });
-            place.act();
-            ReleaseAll();
-            Settle();
-            EXPECT_GE(calls, 1);
-            EXPECT_FALSE(life.IsAlive() || popup || Grabbed());
-            EXPECT_TRUE(!ownerLife.IsAlive() || inDestroy || window->GetFocused());
-            frame ? void(frame->DestroyChildren()) : GuiTest::SetUp(); // a new scene
-            panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(400, 200));
-            window = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
-            native = Native(window);
-            Open();
-        }
 }

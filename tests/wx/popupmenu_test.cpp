@@ -1,12 +1,8 @@
-// Popup menus: items, real choices with the mouse, and their end.
-#include "support/x11.h"
-#include "vela7/wxpopupmenu.h"
-#include "windowhelpers.h"
+// Popup menus: items, real choices with the mouse.
+#include "menudriver.h"
 
 #include <climits>
-#include <gtk/gtk.h>
 #include <wx/app.h>
-#include <wx/timer.h>
 
 using namespace vela7;
 using namespace vela7::test;
@@ -16,59 +12,6 @@ namespace {
 constexpr auto byPlace = IPopupMenu::ptPosition;
 constexpr auto byCommand = IPopupMenu::ptCommand;
 using Menu = CHandle<IPopupMenu>;
-using Items = std::vector<wxMenuItem*>;
-
-wxMenuItem* Find(const Menu& menu, int item, int place)
-{
-    return dynamic_cast<CwxPopupMenu&>(*menu).find_item(item, IPopupMenu::PlaceType(place));
-}
-
-// While PopupMenu waits: points at one item after the other, each as soon as it can be hit, clicks those that
-// do not open a menu, then does something in the middle of it all. With nothing to do it dismisses the menu.
-class Driver : public wxTimer
-{
-public:
-    Driver(wxMenu* root, Items path, std::function<void()> then)
-        : m_root(root), m_path(std::move(path)), m_then(std::move(then))
-    {
-        Settle();
-        Start(10);
-    }
-
-private:
-    void Notify() override
-    {
-        const bool through = m_next == m_path.size();
-        if (!gtk_widget_get_mapped(m_root->m_menu) || (through && !m_path.empty() && !m_then))
-            return;
-        if (!through && ++m_ticks < 400)
-            return GoOn(m_path[m_next]->GetMenuItem());
-        Stop();
-        EXPECT_EQ(m_path.size(), m_next) << "an item cannot be hit";
-        m_then ? m_then() : gtk_menu_shell_cancel(GTK_MENU_SHELL(m_root->m_menu));
-    }
-    void GoOn(GtkWidget* item)
-    {
-        if (!gtk_widget_get_mapped(item) || !gdk_window_is_viewable(gtk_widget_get_window(item)))
-            return;
-        if (gtk_widget_get_state(item) != GTK_STATE_PRELIGHT) {
-            wxPoint at;
-            GtkAllocation area;
-            gdk_window_get_origin(gtk_widget_get_window(item), &at.x, &at.y);
-            gtk_widget_get_allocation(item, &area);
-            x11::MovePointer(at.x + area.x + 10 + m_ticks % 2, at.y + area.y + area.height / 2);
-            return;
-        }
-        if (!m_path[m_next++]->IsSubMenu())
-            x11::Button(1, true), x11::Button(1, false);
-    }
-
-    wxMenu* m_root;
-    Items m_path;
-    std::function<void()> m_then;
-    std::size_t m_next = 0;
-    int m_ticks = 0;
-};
 
 struct Listener : CSubscriber<IMenuNotify>
 {
@@ -85,46 +28,29 @@ struct Listener : CSubscriber<IMenuNotify>
     std::function<void()> action;
 };
 
-// Three menus in each other, each an item behind a separator: 100 in the top one, 201 and 302.
+// The tree of menus, each with somebody to hear it.
 class Menus : public WindowTest
 {
 protected:
     void SetUp() override
     {
         ASSERT_NO_FATAL_FAILURE(WindowTest::SetUp());
-        g_object_set(gtk_settings_get_default(), "gtk-menu-popup-delay", 0, nullptr);
+        tree = std::make_unique<MenuTree>(*window);
+        menus = tree->menus, items = tree->items;
+        toDeep = tree->toDeep, toDeeper = tree->toDeeper;
         for (const int i : {0, 1, 2}) {
-            Menu& menu = menus[i] = window->CreateMenu();
-            menu->InsertSeparator(-1);
-            menu->InsertItem("plain item", 101 * i + 100, -1);
-            items[i] = Find(menu, 1, byPlace);
-            listeners[i].sender = menu.Get();
+            listeners[i].sender = menus[i].Get();
             listeners[i].name = std::string(std::size_t(i), '>');
             listeners[i].heard = &heard;
-            Subscribe<IMenuNotify>(*menu, &listeners[i]);
+            Subscribe<IMenuNotify>(*menus[i], &listeners[i]);
         }
-        menus[1]->InsertSubMenu("deeper", menus[2].Get(), 1, 0); // inserted, native id 1
-        menus[0]->InsertSubMenu("deep", menus[1].Get(), 2, -1);  // appended
-        toDeep = Find(menus[0], 2, byPlace);
-        toDeeper = Find(menus[1], 0, byPlace);
     }
-    void Renew()
-    {
-        heard.clear();
-        menus[2] = menus[1] = menus[0] = nullptr;
-        GuiTest::TearDown();
-        SetUp();
-    }
-    int Execute(Items path, std::function<void()> then = nullptr)
-    {
-        const Driver driver(toDeep->GetMenu(), std::move(path), std::move(then));
-        return menus[0]->Execute(10, 10);
-    }
+    int Execute(MenuItems path) { return tree->Execute(std::move(path)); }
 
-    Menu menus[3];
-    wxMenuItem* items[3] = {}; // the plain ones
+    std::unique_ptr<MenuTree> tree;
+    Menu* menus = nullptr;
+    wxMenuItem **items = nullptr, *toDeep = nullptr, *toDeeper = nullptr;
     Listener listeners[3];
-    wxMenuItem *toDeep = nullptr, *toDeeper = nullptr;
     Lines heard;
 };
 
@@ -139,7 +65,7 @@ TEST_F(Menus, ChoosingWithTheMouse)
     EXPECT_EQ((Lines{">>302", ">302", "302", "window", "app"}), std::exchange(heard, {}));
     EXPECT_EQ(-1, Execute({}));
     EXPECT_EQ(Lines{}, heard);
-    const Driver driver(toDeep->GetMenu(), {items[0]}, nullptr);
+    const MenuDriver driver(toDeep->GetMenu(), {items[0]}, nullptr);
     EXPECT_TRUE(menus[0]->Popup(10, 10));
     EXPECT_EQ((Lines{"100", "window", "app"}), heard);
     EXPECT_FALSE(menus[1]->Popup(10, 10)) << "a sub-menu on its own";
@@ -217,33 +143,6 @@ TEST_F(Menus, CheckItems)
     menu.SetItemEnabled(2, true, byPlace);
     EXPECT_EQ(100, Execute({item}));
     EXPECT_FALSE(menu.IsItemChecked(2, byPlace)) << "a click turns it over";
-}
-
-// Whatever a listener of the innermost menu does, the choice is made; with the menus open, they close.
-TEST_F(Menus, EndingWhileShown)
-{
-    const Lines all = {">>302", ">302", "302"};
-    // clang-format off
-    const struct { const char* name; bool closes; Lines heard; std::function<void()> end; } rows[] = {
-        {"innermost",  false, all, [this] { menus[2] = nullptr; }},
-        {"all menus",  true,  {">>302", "302"}, [this] { menus[2] = menus[1] = menus[0] = nullptr; }},
-        {"items",      false, all, [this] { menus[2]->DeleteItem(1, byPlace), menus[1]->DeleteItem(0, byPlace); }},
-        {"conversion", false, all, [this] { menus[2]->SetItemChecked(1, true, byPlace); }},
-        {"window",     true,  all, [this] { native->Destroy(); }},
-        {"frame",      true,  all, [this] { frame->Destroy(); }},
-        {"once more",  false, all, [this] { EXPECT_EQ(-1, menus[0]->Execute(0, 0)); }},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        Renew();
-        listeners[2].action = row.end;
-        EXPECT_EQ(302, Execute({toDeep, toDeeper, items[2]}));
-        EXPECT_EQ(row.heard, heard);
-        listeners[2].action = nullptr;
-        Renew();
-        EXPECT_EQ(-1, row.closes ? Execute({toDeep, toDeeper}, row.end) : -1);
-    }
 }
 
 TEST_F(Menus, HalvesDieInEitherOrder)

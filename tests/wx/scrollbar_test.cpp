@@ -1,4 +1,4 @@
-// Scroll bars: numbers, events, real dragging, and their end.
+// Scroll bars: numbers, events, real dragging.
 #include "vela7/wxscrollbar.h"
 #include "windowhelpers.h"
 
@@ -176,32 +176,4 @@ TEST_F(ScrollBars, Place)
         bar->SetPos(0, 0, vertical ? 50 : 90, vertical ? 90 : 50);
         EXPECT_EQ(vertical ? At(6, 90) : At(90, 6), At(bar->GetPos().right, bar->GetPos().bottom));
     }
-}
-
-// From inside the notification, with a real press on the trough and in the middle of a real drag.
-TEST_F(ScrollBars, EndingInTheNotification)
-{
-    // clang-format off
-    const std::function<void()> ends[] = {
-        [this] { bar = nullptr; },    [this] { nativeBar->Destroy(); },
-        [this] { native->Destroy(); }, [this] { bar = nullptr, panel->Destroy(); }, [this] { frame->Destroy(); }};
-    // clang-format on
-    for (const bool drag : {false, true})
-        for (const auto& end : ends) {
-            SCOPED_TRACE(&end - ends);
-            GuiTest::TearDown();
-            WindowTest::SetUp();
-            MakeBar();
-            const wxWeakRef<wxWindow> life(nativeBar);
-            int calls = 0;
-            listener.action = [&] { ++calls == 1 ? end() : void(); };
-            PointAt(nativeBar, drag ? 110 : 170, 5);
-            Press();
-            if (drag)
-                MovePointer(wxGetMousePosition().x - 60, wxGetMousePosition().y);
-            Release();
-            WaitFor([&] { return !life; }, "the end of the bar");
-            EXPECT_EQ(1, calls);
-            EXPECT_FALSE(bar);
-        }
 }

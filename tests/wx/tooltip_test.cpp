@@ -199,10 +199,6 @@ const struct Input { const char* what; void (*give)(Tooltip&); Lines ownerHears;
     {"leave", [](Tooltip& t) { PointAt(t.panel, 390, 290); }, {"leave 370,280 button 0 state 0x0"}, false, false},
     {"inactive", [](Tooltip& t) { wxTheApp->SetActive(false, nullptr); PointAt(t.tip, 9, 9); }, {}, false, false},
 };
-const struct Victim { const char* what; void (*kill)(Tooltip&); } victims[] = {
-    {"window",  [](Tooltip& t) { t.native->Destroy(); }}, {"deleted", [](Tooltip& t) { delete t.native; }},
-    {"panel",   [](Tooltip& t) { t.panel->Destroy(); }},  {"tip", [](Tooltip& t) { t.native->DestroyChildren(); }},
-};
 // clang-format on
 
 TEST_F(Tooltip, HandsTheMouseOnToItsOwner)
@@ -273,29 +269,6 @@ TEST_F(Tooltip, UnderAGrab)
     dialog.ShowModal();
 }
 
-TEST_F(Tooltip, DiesWithItsOwner)
-{
-    for (const Victim& victim : victims)
-        for (const Input& input : inputs) {
-            SCOPED_TRACE(victim.what + std::string(" in ") + input.what);
-            Renew();
-            PointAtTip();
-            const wxWeakRef<wxWindow> dying(tip);
-            Recorder heard(window);
-            heard.HearAll();
-            bool killed = input.ownerHears.empty(); // while it is shown, but in no event
-            const std::string last = killed ? "" : input.ownerHears.back();
-            heard.DoIn(last.substr(0, last.find(' ')), [&](CEvent&) {
-                if (!std::exchange(killed, true))
-                    victim.kill(*this);
-            });
-            killed ? victim.kill(*this) : input.give(*this);
-            ReleaseAll();
-            Settle();
-            EXPECT_TRUE(killed && !dying);
-        }
-}
-
 TEST_F(Tooltip, ShowsACustomLayer)
 {
     for (const bool hides : {true, false}) {
@@ -311,12 +284,6 @@ TEST_F(Tooltip, ShowsACustomLayer)
         EXPECT_EQ(!hides, layer->GetVisible());
         EXPECT_EQ(hides ? ITooltip::lmNormal : ITooltip::lmCustom, tip->GetLayerMode());
     }
-    Recorder heard(tip->GetCustomLayer()); // it ends the owner while the tip is being shown
-    heard.Hear<IWindowNotify>();
-    heard.DoIn("resize", [this](CEvent&) { panel->Destroy(); });
-    tip->SetWidth(90);
-    window->TrackTooltip(300, 300, "");
-    EXPECT_EQ(1, heard.Count("destroy"));
 }
 
 TEST_F(Tooltip, IsUnderTheMouseAndHides)

@@ -1,0 +1,141 @@
+// The notifications of editors, combo boxes, scroll bars, held controls and menus on a toolkit window.
+#include "scene.h"
+
+#include <wx/scrolbar.h>
+
+namespace vela7::test {
+namespace {
+
+void Point(Scene& s)
+{
+    PointAt(s.nativeControl, 20, 12);
+}
+void Nothing(Scene&) {}
+void Leave(Scene& s)
+{
+    s.native->SetFocus();
+}
+void Enter(Scene& s)
+{
+    s.control->SetFocus();
+}
+
+void ExpectOpenList()
+{
+    WaitFor([] { return gtk_grab_get_current() != nullptr; }, "an open list");
+}
+void OpenList(Scene& s)
+{
+    PointAt(s.nativeControl, 130, 15);
+    Click();
+    ExpectOpenList();
+}
+
+// clang-format off
+const Row editRows[] = {
+    {"keydown",  "keydown", Nothing, [](Scene&) { KeyDown(GDK_KEY_a); }},
+    {"tabkey",   "keydown", Nothing, [](Scene&) { KeyDown(GDK_KEY_Tab); }},
+    {"char",     "char",    Nothing, [](Scene&) { KeyDown(GDK_KEY_a); }},
+    {"text",     "text",    Nothing, [](Scene&) { KeyDown(GDK_KEY_a); }},
+    {"delete",   "text",    [](Scene& s) { s.text->SelectAll(); }, [](Scene&) { KeyDown(GDK_KEY_Delete); }},
+    {"settext",  "text",    Nothing, [](Scene& s) { static_cast<ITextControl*>(s.control.Get())->SetText("new"); }},
+    {"menu",     "menu",    Point,   [](Scene&) { Press(rightButton); }},
+    {"menukey",  "menu",    Nothing, [](Scene&) { KeyDown(GDK_KEY_Menu); }},
+    {"focusout", "out",     Nothing, [](Scene& s) { s.other->SetFocus(); }},
+    {"hideout",  "out",     Nothing, [](Scene& s) { s.control->SetVisible(false); }},
+    {"clickout", "out",     Nothing, [](Scene& s) { PointAt(s.other, 5, 5); Press(); }},
+    {"focusin",  "in",      Leave,   Enter},
+    {"clickin",  "in",      [](Scene& s) { Leave(s); Point(s); }, [](Scene&) { Press(); }},
+    {"whilefocused", "",     Nothing, Now},
+    {"enter",    "enter",   Nothing, [](Scene&) { KeyDown(GDK_KEY_Return); }}, // not with several lines
+};
+const Row comboRows[] = {
+    {"button",   "out",      [](Scene& s) { PointAt(s.nativeControl, 130, 15); }, [](Scene&) { Press(); }},
+    {"item",     "item",     [](Scene& s) { OpenList(s); Tap(GDK_KEY_Down); }, [](Scene&) { Tap(GDK_KEY_Return); }},
+    {"whileopen",  "", OpenList, Now}, // GTK has a grab then
+    {"whilelisted", "", [](Scene&) { KeyDown(GDK_KEY_Alt_L); KeyDown(GDK_KEY_Down); ReleaseAll(); ExpectOpenList(); }, ByTimer},
+    {"itemevent", "item",    Nothing, [](Scene& s) { Send(s.nativeControl, wxCommandEvent(wxEVT_COMBOBOX)); }},
+};
+const Row barRows[] = {
+    {"page",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Click(rightButton); }},
+    {"press",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Press(); }},
+    {"drag",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 110, 5); Press(); },
+                         [](Scene&) { MovePointer(wxGetMousePosition().x - 60, wxGetMousePosition().y); }},
+    {"whiledragged", "", [](Scene& s) { PointAt(s.nativeControl, 110, 5); Press(); PointAt(s.nativeControl, 100, 5); }, Now},
+    {"key",    "scroll", Nothing, // bars do not take the focus; this is what a key has them do
+                         [](Scene& s) { g_signal_emit_by_name(s.nativeControl->m_widget, "move-slider", GTK_SCROLL_STEP_RIGHT); }},
+    {"wheel",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 100, 5); }, [](Scene&) { WheelDown(); }},
+    {"event",  "scroll", Nothing, [](Scene& s) { Send(s.nativeControl, wxScrollEvent(wxEVT_SCROLL_TOP)); }},
+};
+const Row heldRows[] = {
+    {"whilefocused", "", Enter, Now},
+    {"focusin",  "in",  Nothing, Enter},
+    {"clickin",  "in",  Point,   [](Scene&) { Press(); }},
+    {"focusout", "out", Enter,   [](Scene& s) { s.other->SetFocus(); }},
+    {"hideout",  "out", Enter,   [](Scene& s) { s.control->SetVisible(false); }},
+};
+const Row menuRows[] = {
+    {"command", "command", Nothing, [](Scene& s) {
+        MenuTree& m = *s.menus;
+        EXPECT_EQ(302, m.Execute({m.toDeep, m.toDeeper, m.items[2]})) << "the choice is made"; }},
+    {"whileopen", "",        Nothing, [](Scene& s) {
+        MenuTree& m = *s.menus;
+        EXPECT_EQ(-1, m.Execute({m.toDeep, m.toDeeper}, [&s] { s.Spring(); })); }},
+};
+// clang-format on
+
+template <unsigned long style>
+void Edit(Scene& s)
+{
+    s.Build(Scene::child);
+    s.MakeEdit(style);
+    s.text->SetText("old"), s.text->SetFocus();
+}
+template <bool editable>
+void Combo(Scene& s)
+{
+    s.Build(Scene::child);
+    s.MakeCombo(editable);
+    s.text->SetText(editable ? "old" : "one"), s.text->SetFocus();
+}
+void Bar(Scene& s)
+{
+    s.Build(Scene::child);
+    s.MakeBar();
+}
+template <bool autoDelete>
+void Held(Scene& s)
+{
+    s.Build(Scene::child);
+    s.MakeHeld(autoDelete, false);
+}
+void HeldElsewhere(Scene& s) // the control is not on the window that hears of its focus
+{
+    s.Build(Scene::child);
+    s.MakeHeld(false, true);
+}
+void Menus(Scene& s)
+{
+    s.Build(Scene::child);
+    s.MakeMenus();
+}
+
+} // namespace
+
+std::vector<Family> ControlFamilies()
+{
+    constexpr unsigned withControl = onPanel | Set(theControl), own = withControl | Set(theHandle);
+    return {{"Edit", Edit<0>, editRows, std::size(editRows), own, nothing},
+            {"Lines", Edit<esMultiLine>, editRows, std::size(editRows) - 1, own, nothing},
+            {"Combo", Combo<true>, editRows, std::size(editRows), own, nothing},
+            {"Combo", Combo<true>, comboRows, std::size(comboRows), own, nothing},
+            {"Choice", Combo<false>, comboRows, std::size(comboRows), own, nothing},
+            {"Bar", Bar, barRows, std::size(barRows), own, nothing},
+            {"Held", Held<false>, heldRows, std::size(heldRows), withControl | Set(theHolder), nothing},
+            {"HeldAuto", Held<true>, heldRows, std::size(heldRows), withControl, nothing},
+            {"Elsewhere", HeldElsewhere, heldRows, std::size(heldRows),
+             onPanel | Set(theStranger) | Set(theHolder), nothing},
+            {"Menu", Menus, menuRows, std::size(menuRows), onPanel | Set(theMenus), nothing}};
+}
+
+} // namespace vela7::test
