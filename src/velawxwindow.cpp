@@ -4,9 +4,9 @@
 #include "vela7/wxsyswindow.h"
 #include "wxcapture.h"
 
+#include <list>
 #include <new>
 #include <utility>
-#include <vector>
 
 wxIMPLEMENT_DYNAMIC_CLASS(vela7::CVELAwxWindow, wxWindow);
 
@@ -38,15 +38,29 @@ CVELAwxWindow::~CVELAwxWindow()
     life.KeepStorage(*this);
 }
 
+namespace {
+
+// A control of ours, or the handler on somebody else's.
+void EndControl(wxWindow& child)
+{
+    auto* control = dynamic_cast<IEndsWithParent*>(&child);
+    for (wxEvtHandler* on = child.GetEventHandler(); on && !control; on = on->GetNextHandler())
+        control = dynamic_cast<IEndsWithParent*>(on);
+    if (control)
+        control->OnParentEnds();
+}
+
+} // namespace
+
 // One that is told may have listeners that destroy another.
 void CVELAwxWindow::EndControls()
 {
-    std::vector<wxWeakRef<wxWindow>> children;
+    std::list<wxWeakRef<wxWindow>> children;
     for (wxWindow* const child : GetChildren())
         children.emplace_back(child);
     for (const wxWeakRef<wxWindow>& child : children)
-        if (auto* const control = dynamic_cast<IEndsWithParent*>(child.get()))
-            control->OnParentEnds();
+        if (child)
+            EndControl(*child);
 }
 
 bool CVELAwxWindow::Destroy()

@@ -1,5 +1,7 @@
 #include "vela7/wxpushedhandler.h"
 
+#include "gtkport.h"
+
 #include <wx/app.h>
 
 namespace vela7 {
@@ -44,6 +46,14 @@ bool CPushedHandler::ProcessEvent(wxEvent& event)
 bool CPushedHandler::ProcessHeld(wxEvent& event)
 {
     return wxEvtHandler::ProcessEvent(event);
+}
+
+void CPushedHandler::OnParentEnds()
+{
+    if (!m_target || !m_life.IsHeld())
+        return;
+    gtkport::TakeFromParent(*m_target);
+    m_life.Outlive(std::unique_ptr<wxObject>(m_target.get()));
 }
 
 // When this handler was called from above as a member of the stack, those below would not hear of the end any
