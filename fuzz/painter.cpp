@@ -27,13 +27,11 @@ constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 // Both signs of each.
 constexpr double extremes[] = {
-    0,          0.5,        1,          32766,      32767,
-    32768,      32769,      65535,      65536,      65537,
-    1e7,        0xffffff,   0x1000000,  0x1000001,  1e9,
-    0x3fffffff, 0x7fffffff, 0x80000000, 0xffffffff, 0x100000000,
-    1e-10,      1e300,      5e-324,     inf,        nan,
+    0,          0.5,         1,        32766,     32767,     32768, 32769,      65535,      65536,
+    65537,      1e7,         0xffffff, 0x1000000, 0x1000001, 1e9,   0x3fffffff, 0x7fffffff, 0x80000000,
+    0xffffffff, 0x100000000, 1e-10,    1e300,     5e-324,    inf,   nan,
 };
-constexpr int wholeExtremes[] = {0,       1,       -1,          359,        3600,     32767,
+constexpr int wholeExtremes[] = {0,       1,       -1,          359,        3600,       32767,
                                  32768,   -32769,  65536,       1 << 24,    -(1 << 24), 1 << 30,
                                  INT_MAX, INT_MIN, INT_MAX - 1, INT_MIN + 1};
 constexpr double scales[] = {1, 2, 0.5, -1, 0, 1e-3, 100, 40000, 1e9, -1e300, inf, nan};
