@@ -8,6 +8,7 @@
 #pragma GCC diagnostic ignored "-Wpedantic"
 #include <gtk/gtk.h>
 #pragma GCC diagnostic pop
+#include <sanitizer/lsan_interface.h>
 #include <wx/app.h>
 #include <wx/init.h>
 #include <wx/log.h>
@@ -63,6 +64,7 @@ void StartApplication()
     static wchar_t sync[] = L"--sync"; // each X request by itself, so that an error shows who asked
     static wchar_t* arguments[] = {name, sync, nullptr};
     int count = std::getenv("VELA7_FUZZ_SYNC") ? 2 : 1;
+    const __lsan::ScopedDisabler leaksOfTheStart; // wx loses the argument
     std::setlocale(LC_ALL, "");
     wxApp::SetInstance(new CApplication);
     Demand(wxEntryStart(count, arguments) && wxTheApp->CallOnInit(), "a wx application");
