@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <string_view>
 
 namespace vela7 {
 
@@ -36,13 +37,24 @@ std::vector<std::size_t> CharacterEnds(const std::string& text)
     return ends;
 }
 
-// Where each piece of a paragraph ends: behind every character of the break set, and at the end.
+// Where each piece of a paragraph ends: behind every character of the break set, and at the end. Compared by
+// whole characters: a byte of one may be a part of another.
 std::vector<std::size_t> PieceEnds(const std::string& paragraph, const std::string& breakSet)
 {
+    const auto each = [](const std::string& text, auto use) {
+        std::size_t from = 0;
+        for (const std::size_t end : CharacterEnds(text)) {
+            use(std::string_view(text).substr(from, end - from), end);
+            from = end;
+        }
+    };
+    std::vector<std::string_view> breakers;
+    each(breakSet, [&](std::string_view character, std::size_t) { breakers.push_back(character); });
     std::vector<std::size_t> ends;
-    for (std::size_t at = paragraph.find_first_of(breakSet); at != std::string::npos;
-         at = paragraph.find_first_of(breakSet, at + 1))
-        ends.push_back(at + 1);
+    each(paragraph, [&](std::string_view character, std::size_t end) {
+        if (std::find(breakers.begin(), breakers.end(), character) != breakers.end())
+            ends.push_back(end);
+    });
     if (ends.empty() || ends.back() != paragraph.size())
         ends.push_back(paragraph.size());
     return ends;
@@ -85,7 +97,7 @@ std::size_t TextLayout::LastFitting(const std::string& text, std::size_t from,
 std::vector<TextLine> TextLayout::Single(const std::string& text, int width, bool ellipsis) const
 {
     TextLine whole = Line(text);
-    if (!ellipsis || whole.width <= width)
+    if (!ellipsis || text.empty() || whole.width <= width)
         return {std::move(whole)};
     const std::string dots = "...";
     const std::vector<std::size_t> ends = CharacterEnds(text);
