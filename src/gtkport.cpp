@@ -2,6 +2,8 @@
 
 #include <wx/animate.h>
 #include <wx/app.h>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
 #include <wx/menu.h>
 #include <wx/renderer.h>
 #include <wx/version.h>
@@ -34,6 +36,29 @@ const void* Drawable(const wxWindow& window)
 {
     GtkWidget* const widget = window.m_wxwindow ? window.m_wxwindow : window.m_widget;
     return widget ? gtk_widget_get_window(widget) : nullptr;
+}
+
+std::shared_ptr<void> KeepDrawable(const wxWindow& window)
+{
+    void* const drawable = const_cast<void*>(Drawable(window));
+    return drawable ? std::shared_ptr<void>(g_object_ref(drawable), g_object_unref) : nullptr;
+}
+
+wxRect VisibleArea(const wxDC& dc)
+{
+#if !GTK_CHECK_VERSION(3, 0, 0)
+    if (dynamic_cast<const wxMemoryDC*>(&dc) || dynamic_cast<const wxWindowDC*>(&dc)) {
+        auto* const drawable = static_cast<GdkDrawable*>(dc.GetHandle());
+        if (!drawable || (GDK_IS_WINDOW(drawable) && gdk_window_is_destroyed(drawable)))
+            return {};
+        GdkRegion* const region = gdk_drawable_get_visible_region(drawable);
+        GdkRectangle box;
+        gdk_region_get_clipbox(region, &box);
+        gdk_region_destroy(region);
+        return wxRect(box.x, box.y, box.width, box.height);
+    }
+#endif
+    return wxRect(dc.GetSize());
 }
 
 void SetTransient(wxWindow& popup, bool transient)

@@ -6,9 +6,11 @@
 #include <wx/bitmap.h>
 #include <wx/gdicmn.h>
 
+#include <memory>
 #include <optional>
 
 class wxAnimation;
+class wxDC;
 class wxMenu;
 class wxWindow;
 // NOLINTNEXTLINE(bugprone-reserved-identifier): GTK calls it so
@@ -26,6 +28,12 @@ std::optional<double> ScreenResolution();
 
 /// Identity of what a window is drawn on; null before it is realised. Compare it, do not use it.
 const void* Drawable(const wxWindow& window);
+
+/// Keeps what a window is drawn on in memory; drawing on it when it is gone does nothing.
+std::shared_ptr<void> KeepDrawable(const wxWindow& window);
+
+/// What of a device can be seen at most; empty for a window that is not shown.
+wxRect VisibleArea(const wxDC& dc);
 
 /// Whether the native window of a popup is transient for its parent's top-level window. wx makes it so; but
 /// GTK searches all transient windows whenever one comes or goes, which adds up with many popups.

@@ -127,8 +127,8 @@ TEST_F(Painting, RoundsHalfUp)
     constexpr double huge = limits::max(), inf = limits::infinity();
     // clang-format off
     const std::pair<double, double> table[] = {
-        { 0.49, 0}, { 0.5,   1}, { 1.5,  2}, { 2.5,  3}, { huge,  1073741823}, { inf,  1073741823}, {limits::quiet_NaN(), 0},
-        {-0.5,  0}, {-0.51, -1}, {-1.5, -1}, {-2.5, -2}, {-huge, -1073741823}, {-inf, -1073741823},
+        { 0.49, 0}, { 0.5,   1}, { 1.5,  2}, { 2.5,  3}, { huge,  536870911}, { inf,  536870911}, {limits::quiet_NaN(), 0},
+        {-0.5,  0}, {-0.51, -1}, {-1.5, -1}, {-2.5, -2}, {-huge, -536870911}, {-inf, -536870911},
     };
     // clang-format on
     p.keepLastCoord = false; // asks the device
