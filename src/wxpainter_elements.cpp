@@ -110,7 +110,9 @@ bool CwxPainter::GetDeviceClip(rectangle<int>& clip) const
     point<double> second(logical.right, logical.bottom);
     ConvertCoord1(&first, false);
     ConvertCoord1(&second, false);
-    const auto pixel = [](double v) { return static_cast<int>(std::clamp(std::floor(v + 0.5), -1e9, 1e9)); };
+    const auto pixel = [](double v) {
+        return std::isnan(v) ? 0 : static_cast<int>(std::clamp(std::floor(v + 0.5), -1e9, 1e9));
+    };
     clip = {pixel(first.x), pixel(first.y), pixel(second.x), pixel(second.y)};
     return true;
 }
