@@ -119,8 +119,8 @@ struct Row
 
 const point<double> star[] = {{50, 10}, {74, 84}, {11, 38}, {89, 38}, {26, 84}};
 const point<double> across[] = {{-inf, 50}, {100, 50}, {1e9, 50}, {std::nan(""), 50}, {-1e7, 50}};
-const point<double> slope[] = {{-1e5, -1e5}, {1e5, 1e5}, {1e5, -1e5}};
-const point<double> band[] = {{-1e6, 20}, {1e6, 20}, {1e6, 30}, {-1e6, 30}};
+const point<double> slope[] = {{10, 5}, {65636, 65631}, {65636, 5}};
+const point<double> band[] = {{-65436, 20}, {65636, 20}, {65636, 30}, {-65436, 30}};
 const point<double> hook[] = {{0, 0}, {0, 10}, {20, 10}, {40, 10}, {60, 10}};
 
 // clang-format off
@@ -172,7 +172,8 @@ const Row rows[] = {
     {"FarRectangles", [](CwxPainter& p) { p.Rectangle(-65536, 10, 65546, 40); p.FocusRect(65536, 65536, 65566, 65566);
         p.Ellipse(65546, 10, 65566, 30); p.RoundRect(65546, 10, 65566, 30, 3, 3); p.Pie(65546, 10, 65566, 30, 0, 900); }, {0, 10, 400, 30},
         {{0, 10, red}, {10, 39, red}, {0, 11, blue}, {10, 38, blue}}},
-    {"LinesAcross", [](CwxPainter& p) { p.MoveTo(-1e6, -1e6); p.LineTo(1e6, 1e6); p.PolyLine(slope, 3); }, {0, 0, 300, 300}, {{50, 50, red}, {51, 50, ground}}},
+    {"LineAcross",  [](CwxPainter& p) { p.MoveTo(10, 5); p.LineTo(65636, 65631); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
+    {"LinesAcross", [](CwxPainter& p) { p.PolyLine(slope, 3); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
     {"SplineAcross", [](CwxPainter& p) { p.PolyBezier(across, 5); }, {0, 50, 400, 1}, {}},
     {"SplineFar",   [](CwxPainter& p) { const point<double> peak[] = {{100, 300400}, {200, -1e5}, {300, 300400}}; p.PolyBezier(peak, 3); },
         {198, 100, 5, 200}, {{200, 100, red}, {200, 150, ground}}}, // a parabola
