@@ -38,10 +38,42 @@ const void* Drawable(const wxWindow& window)
     return widget ? gtk_widget_get_window(widget) : nullptr;
 }
 
-std::shared_ptr<void> KeepDrawable(const wxWindow& window)
+namespace {
+
+class CDrawableWatch
 {
-    void* const drawable = const_cast<void*>(Drawable(window));
-    return drawable ? std::shared_ptr<void>(g_object_ref(drawable), g_object_unref) : nullptr;
+public:
+    CDrawableWatch(GtkWidget* widget, std::function<void()> call)
+        : m_widget(g_object_ref(widget)), m_call(std::move(call)),
+          m_handler(g_signal_connect(widget, "unrealize", G_CALLBACK(&OnUnrealize), this))
+    {
+    }
+    ~CDrawableWatch()
+    {
+        g_signal_handler_disconnect(m_widget, m_handler);
+        g_object_unref(m_widget);
+    }
+    CDrawableWatch(const CDrawableWatch&) = delete;
+    CDrawableWatch& operator=(const CDrawableWatch&) = delete;
+
+private:
+    static void OnUnrealize(GtkWidget*, gpointer self)
+    {
+        const std::function<void()> call = static_cast<CDrawableWatch*>(self)->m_call; // may end the watch
+        call();
+    }
+
+    gpointer m_widget;
+    std::function<void()> m_call;
+    gulong m_handler;
+};
+
+} // namespace
+
+std::shared_ptr<void> WatchDrawable(const wxWindow& window, std::function<void()> call)
+{
+    GtkWidget* const widget = window.m_wxwindow ? window.m_wxwindow : window.m_widget;
+    return widget ? std::make_shared<CDrawableWatch>(widget, std::move(call)) : nullptr;
 }
 
 wxRect VisibleArea(const wxDC& dc)

@@ -6,6 +6,7 @@
 #include <wx/bitmap.h>
 #include <wx/gdicmn.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -29,8 +30,9 @@ std::optional<double> ScreenResolution();
 /// Identity of what a window is drawn on; null before it is realised. Compare it, do not use it.
 const void* Drawable(const wxWindow& window);
 
-/// Keeps what a window is drawn on in memory; drawing on it when it is gone does nothing.
-std::shared_ptr<void> KeepDrawable(const wxWindow& window);
+/// Calls before what a window is drawn on goes, with the window or because it moves to another parent; for as
+/// long as the result lives.
+std::shared_ptr<void> WatchDrawable(const wxWindow& window, std::function<void()> call);
 
 /// What of a device can be seen at most; empty for a window that is not shown.
 wxRect VisibleArea(const wxDC& dc);

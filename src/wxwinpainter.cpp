@@ -33,9 +33,7 @@ CwxWinPainter::CWatchedWindow::CWatchedWindow(wxWindow* window, CwxWinPainter& p
 void CwxWinPainter::CWatchedWindow::OnObjectDestroy()
 {
     wxWeakRef<wxWindow>::OnObjectDestroy();
-    m_painter.EndAllPaints();
-    if (m_painter.m_own) // a client DC asks its window for the layout of text, and more
-        m_painter.DropDevices();
+    m_painter.LoseWindow();
 }
 
 CwxWinPainter::CwxWinPainter(wxWindow* window) : m_window(window, *this)
@@ -60,7 +58,7 @@ void CwxWinPainter::InitDC()
 {
     if (device || !m_window)
         return;
-    m_drawable = gtkport::KeepDrawable(*m_window);
+    m_watch = gtkport::WatchDrawable(*m_window, [this] { LoseWindow(); });
     m_own = std::make_unique<wxClientDC>(m_window);
     device = m_own.get();
     m_target = nullptr;
@@ -73,13 +71,22 @@ void CwxWinPainter::SetDC(wxDC* dc)
     device = dc;
 }
 
+// A client DC asks its window for the layout of text, and more; and what it draws on is not its own.
+void CwxWinPainter::LoseWindow()
+{
+    m_target = nullptr; // nothing more is shown
+    EndAllPaints();
+    if (m_own)
+        DropDevices();
+}
+
 void CwxWinPainter::DropDevices()
 {
     device = nullptr;
     m_target = nullptr;
     m_memory.reset();
     m_own.reset();
-    m_drawable.reset();
+    m_watch.reset();
     m_fullRepaint = true;
 }
 

@@ -45,7 +45,7 @@ public:
     virtual void ScrollContent(int dx, int dy, int left, int top, int right, int bottom);
 
 private:
-    // Tells the painter.
+    // Tells the painter when the window goes.
     class CWatchedWindow : public wxWeakRef<wxWindow>
     {
     public:
@@ -58,13 +58,14 @@ private:
 
     bool StartBuffered();
     void ClearDevice();
+    void LoseWindow();
     void DropDevices();
     wxColour FillColor() const;
 
     CWatchedWindow m_window;
-    wxDC* m_target = nullptr;         // the window's DC while the device is m_memory
-    std::shared_ptr<void> m_drawable; // what m_own draws on; a window that is hidden or moved may lose it
-    std::unique_ptr<wxDC> m_own;      // the client DC made by this painter
+    wxDC* m_target = nullptr;      // the window's DC while the device is m_memory
+    std::unique_ptr<wxDC> m_own;   // the client DC made by this painter
+    std::shared_ptr<void> m_watch; // over what m_own draws on
     std::unique_ptr<wxDC> m_memory;
     bool m_fullRepaint = true;
     double m_scale = 1.0; // the window's content scale

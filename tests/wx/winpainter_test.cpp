@@ -264,6 +264,10 @@ TEST_F(Painter, OutlivesItsWindow)
     EXPECT_TRUE(orphan.BeginPaint(ssBuffered));
     orphan.EndPaint();
     EXPECT_TRUE(orphan.BeginPaint(ssAsIs));
+    child->Reparent(new wxWindow(frame, wxID_ANY)); // takes from it what it was drawn on
+    EXPECT_EQ(nullptr, orphan.GetDC());
+    orphan.EndPaint();
+    EXPECT_TRUE(orphan.BeginPaint(ssAsIs));
     child->Destroy();
     EXPECT_EQ(nullptr, orphan.GetDC());
     orphan.FillRect(0, 0, 10, 10);
