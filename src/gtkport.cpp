@@ -2,6 +2,8 @@
 
 #include <wx/animate.h>
 #include <wx/app.h>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
 #include <wx/menu.h>
 #include <wx/renderer.h>
 #include <wx/sizer.h>
@@ -37,6 +39,61 @@ const void* Drawable(const wxWindow& window)
 {
     GtkWidget* const widget = window.m_wxwindow ? window.m_wxwindow : window.m_widget;
     return widget ? gtk_widget_get_window(widget) : nullptr;
+}
+
+namespace {
+
+class CDrawableWatch
+{
+public:
+    CDrawableWatch(GtkWidget* widget, std::function<void()> call)
+        : m_widget(g_object_ref(widget)), m_call(std::move(call)),
+          m_handler(g_signal_connect(widget, "unrealize", G_CALLBACK(&OnUnrealize), this))
+    {
+    }
+    ~CDrawableWatch()
+    {
+        g_signal_handler_disconnect(m_widget, m_handler);
+        g_object_unref(m_widget);
+    }
+    CDrawableWatch(const CDrawableWatch&) = delete;
+    CDrawableWatch& operator=(const CDrawableWatch&) = delete;
+
+private:
+    static void OnUnrealize(GtkWidget*, gpointer self)
+    {
+        const std::function<void()> call = static_cast<CDrawableWatch*>(self)->m_call; // may end the watch
+        call();
+    }
+
+    gpointer m_widget;
+    std::function<void()> m_call;
+    gulong m_handler;
+};
+
+} // namespace
+
+std::shared_ptr<void> WatchDrawable(const wxWindow& window, std::function<void()> call)
+{
+    GtkWidget* const widget = window.m_wxwindow ? window.m_wxwindow : window.m_widget;
+    return widget ? std::make_shared<CDrawableWatch>(widget, std::move(call)) : nullptr;
+}
+
+wxRect VisibleArea(const wxDC& dc)
+{
+#if !GTK_CHECK_VERSION(3, 0, 0)
+    if (dynamic_cast<const wxMemoryDC*>(&dc) || dynamic_cast<const wxWindowDC*>(&dc)) {
+        auto* const drawable = static_cast<GdkDrawable*>(dc.GetHandle());
+        if (!drawable || (GDK_IS_WINDOW(drawable) && gdk_window_is_destroyed(drawable)))
+            return {};
+        GdkRegion* const region = gdk_drawable_get_visible_region(drawable);
+        GdkRectangle box;
+        gdk_region_get_clipbox(region, &box);
+        gdk_region_destroy(region);
+        return wxRect(box.x, box.y, box.width, box.height);
+    }
+#endif
+    return wxRect(dc.GetSize());
 }
 
 void SetTransient(wxWindow& popup, bool transient)

@@ -6,10 +6,12 @@
 #include <wx/bitmap.h>
 #include <wx/gdicmn.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 class wxAnimation;
+class wxDC;
 class wxMenu;
 class wxMenuItem;
 class wxObject;
@@ -29,6 +31,13 @@ std::optional<double> ScreenResolution();
 
 /// Identity of what a window is drawn on; null before it is realised. Compare it, do not use it.
 const void* Drawable(const wxWindow& window);
+
+/// Calls before what a window is drawn on goes, with the window or because it moves to another parent; for as
+/// long as the result lives.
+std::shared_ptr<void> WatchDrawable(const wxWindow& window, std::function<void()> call);
+
+/// What of a device can be seen at most; empty for a window that is not shown.
+wxRect VisibleArea(const wxDC& dc);
 
 /// Whether the native window of a popup is transient for its parent's top-level window. wx makes it so; but
 /// GTK searches all transient windows whenever one comes or goes, which adds up with many popups.

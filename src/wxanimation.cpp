@@ -1,5 +1,6 @@
 #include "vela7/wxanimation.h"
 
+#include "devicebounds.h"
 #include "gtkport.h"
 #include "imagehelpers.h"
 #include "vela7/painter.h"
@@ -61,11 +62,19 @@ void CwxAnimation::Draw(IPainter* painter, int x, int y) const
     painter->ConvertCoord1(&at, false);
     const size<int> extent(frame.GetWidth(), frame.GetHeight());
     const size<int> scaled = ScaledUp(extent, Scale());
-    if (!IsPictureSize(scaled.width, scaled.height))
+    int left = ToDevice(at.x), top = ToDevice(at.y);
+    wxDC& dc = *painter->GetDC();
+    if (!CanMakePicture(scaled.width, scaled.height) ||
+        !CanBeSeen(dc, left, top, scaled.width, scaled.height))
         return;
-    if (scaled != extent)
-        frame = wxBitmap(frame.ConvertToImage().Scale(scaled.width, scaled.height, wxIMAGE_QUALITY_NORMAL));
-    painter->GetDC()->DrawBitmap(frame, ToDevice(at.x), ToDevice(at.y), true);
+    if (scaled != extent) {
+        const wxImage shown =
+            Scaled(dc, frame.ConvertToImage(), wxSize(scaled.width, scaled.height), left, top);
+        if (!shown.IsOk())
+            return;
+        frame = wxBitmap(shown);
+    }
+    dc.DrawBitmap(frame, left, top, true);
 }
 
 CHandle<IAnimation> CreateAnimation(const wxAnimation& animation, bool dpiScale)

@@ -7,6 +7,7 @@
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace vela7 {
@@ -90,12 +91,16 @@ int ToFamily(int wx)
 
 } // namespace
 
+constexpr double largestFont = 2048; // points; the X server keeps each letter as a picture
+
 wxFont vela2wx(const font& value)
 {
     const int points =
         value.size < 1 ? wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize() : value.size;
+    // Larger and negative fonts cannot be made; what is no number is as good as none.
+    const double scaled = std::isnan(value.scale) ? 0.0 : points * value.scale;
     wxFont result;
-    result.Create(static_cast<int>(points * value.scale), ToWxFamily(value.family),
+    result.Create(static_cast<int>(std::clamp(scaled, 0.0, largestFont)), ToWxFamily(value.family),
                   (value.style & fsItalic) ? wxFONTSTYLE_ITALIC : wxFONTSTYLE_NORMAL,
                   (value.style & fsBold) ? wxFONTWEIGHT_BOLD : wxFONTWEIGHT_NORMAL,
                   (value.style & fsUnderline) != 0, vela2wx(value.face), wxFONTENCODING_DEFAULT);
@@ -123,12 +128,17 @@ font wx2vela(const wxFont& value)
 
 namespace {
 
-// The length from a to b, at the border of int where it does not fit.
+// At the border of int where it does not fit.
+int Fit(long long value)
+{
+    using limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<long long>(value, limits::min(), limits::max()));
+}
+
+// The length from a to b.
 int Extent(int a, int b)
 {
-    constexpr long long low = std::numeric_limits<int>::min();
-    constexpr long long high = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(static_cast<long long>(b) - a, low, high));
+    return Fit(0LL + b - a);
 }
 
 } // namespace
@@ -150,8 +160,8 @@ rectangle<int> wx2vela(const wxRect& rect)
     rectangle<int> result;
     result.left = rect.x;
     result.top = rect.y;
-    result.right = rect.x + rect.width - 1;
-    result.bottom = rect.y + rect.height - 1;
+    result.right = Fit(0LL + rect.x + rect.width - 1);
+    result.bottom = Fit(0LL + rect.y + rect.height - 1);
     return result;
 }
 

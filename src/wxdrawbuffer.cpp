@@ -1,5 +1,7 @@
 #include "vela7/wxdrawbuffer.h"
 
+#include "devicebounds.h"
+
 #include <wx/brush.h>
 #include <wx/dcmemory.h>
 
@@ -12,7 +14,8 @@ namespace {
 std::unique_ptr<wxBitmap> MakeBitmap(int width, int height, double scale, const wxColour& fill)
 {
     auto bitmap = std::make_unique<wxBitmap>();
-    bitmap->CreateScaled(width, height, -1, scale);
+    if (CanMakePicture(width * scale, height * scale))
+        bitmap->CreateScaled(width, height, -1, scale);
     if (bitmap->IsOk()) {
         wxMemoryDC dc(*bitmap);
         dc.SetBackground(wxBrush(fill));

@@ -1,5 +1,6 @@
 #include "vela7/wximagelist.h"
 
+#include "devicebounds.h"
 #include "imagehelpers.h"
 #include "vela7/system.h"
 #include "vela7/wxconvert.h"
@@ -69,7 +70,7 @@ int CwxImageList::AddXPM(const XPMImage& image)
 wxBitmap CwxImageList::CreateBitmap(IRasterPicture* picture, const _color& transparent)
 {
     const auto* const ours = dynamic_cast<const CwxRasterPicture*>(picture);
-    wxBitmap bitmap = ours ? ours->GetBitmap() : wxBitmap();
+    wxBitmap bitmap = ours ? ours->GetShown() : wxBitmap();
     if (!transparent.flag && bitmap.IsOk())
         bitmap.SetMask(new wxMask(bitmap, vela2wx(transparent))); // not the picture's: wx makes a copy for it
     return bitmap;
@@ -182,7 +183,13 @@ void CwxImageList::StretchImage(IPainter* painter, int index, int x, int y, int 
         return;
     if (!natural && (!look.stretched.IsOk() || look.stretched.GetSize() != wxSize(width, height))) {
         const wxBitmap whole(look.image); // the one that is kept may have lost its alpha
-        look.stretched = wxBitmap(whole.ConvertToImage().Scale(width, height, wxIMAGE_QUALITY_NORMAL));
+        const wxImage scaled = Scaled(*dc, whole.ConvertToImage(), wxSize(width, height), x, y);
+        if (scaled.IsOk() && scaled.GetSize() != wxSize(width, height)) { // the part that can be seen
+            wxBitmap part(scaled);
+            DrawBitmap(dc, part, x, y, transparent, normal);
+            return;
+        }
+        look.stretched = scaled.IsOk() ? wxBitmap(scaled) : wxBitmap();
     }
     // Not selected into a memory DC meanwhile: that would take the alpha of disabled icons for a mask.
     DrawBitmap(dc, natural ? look.natural : look.stretched, x, y, transparent, normal);
@@ -190,7 +197,7 @@ void CwxImageList::StretchImage(IPainter* painter, int index, int x, int y, int 
 
 void CwxImageList::DrawBitmap(wxDC* dc, wxBitmap& bitmap, int x, int y, bool transparent, bool normal)
 {
-    if (!dc || !bitmap.IsOk())
+    if (!dc || !bitmap.IsOk() || !CanBeSeen(*dc, x, y, bitmap.GetWidth(), bitmap.GetHeight()))
         return;
     const wxWindow* const window = dc->GetWindow();
     if (!normal) {

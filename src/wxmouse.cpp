@@ -1,5 +1,6 @@
 #include "vela7/wxmouse.h"
 
+#include "devicebounds.h"
 #include "gtkport.h"
 
 #include <wx/bitmap.h>
@@ -79,7 +80,7 @@ point<int> CwxMouse::GetPos() const
 bool CwxMouse::RegisterCursor(int id, int width, int height, const unsigned char* andBits,
                               const unsigned char* xorBits, int, int)
 {
-    if (gtkport::DisplayIsOpen() && andBits && xorBits && width > 0 && height > 0) {
+    if (andBits && xorBits && CanMakePicture(width, height)) {
         wxBitmap picture(reinterpret_cast<const char*>(andBits), width, height, 1);
         const wxBitmap mask(reinterpret_cast<const char*>(xorBits), width, height, 1);
         picture.SetMask(new wxMask(mask));

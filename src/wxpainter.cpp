@@ -2,12 +2,15 @@
 
 #include "vela7/wxpainter.h"
 
+#include "devicebounds.h"
 #include "vela7/wxconvert.h"
 
 #include <wx/brush.h>
 #include <wx/pen.h>
 #include <wx/region.h>
 #include <wx/settings.h>
+
+#include <algorithm>
 
 namespace vela7 {
 
@@ -23,6 +26,7 @@ struct PenRow
 {
     int style;
     wxPenStyle wx;
+    int longestDash; // in widths of the pen
 };
 
 struct BrushRow
@@ -52,13 +56,13 @@ constexpr OperationRow operations[] = {
 };
 
 constexpr PenRow pens[] = {
-    {psNone,       wxPENSTYLE_TRANSPARENT},
-    {psSolid,      wxPENSTYLE_SOLID},
-    {psDash,       wxPENSTYLE_SHORT_DASH},
-    {psDot,        wxPENSTYLE_DOT},
-    {psDashDot,    wxPENSTYLE_DOT_DASH},
-    {psDashDotDot, wxPENSTYLE_SOLID}, // Kept by contract: dash-dot-dot draws solid, wx has no counterpart
-    {psAlternate,  wxPENSTYLE_USER_DASH},
+    {psNone,       wxPENSTYLE_TRANSPARENT, 0},
+    {psSolid,      wxPENSTYLE_SOLID,       0},
+    {psDash,       wxPENSTYLE_SHORT_DASH,  2},
+    {psDot,        wxPENSTYLE_DOT,         1},
+    {psDashDot,    wxPENSTYLE_DOT_DASH,    3},
+    {psDashDotDot, wxPENSTYLE_SOLID,       0}, // Kept by contract: dash-dot-dot draws solid, wx has no counterpart
+    {psAlternate,  wxPENSTYLE_USER_DASH,   2},
 };
 
 constexpr BrushRow brushes[] = {
@@ -73,10 +77,13 @@ constexpr BrushRow brushes[] = {
 };
 // clang-format on
 
-wxPenStyle ToWxPenStyle(int style)
+constexpr int widestPen = 0x4000; // pixels; what such a pen draws covers all that can be seen
+constexpr int longestDash = 255;  // X counts in bytes, and a dash of 0 ends the process
+
+wxPenStyle ToWxPenStyle(int style, int width)
 {
     for (const PenRow& row : pens)
-        if (row.style == style)
+        if (row.style == style && row.longestDash * width <= longestDash)
             return row.wx;
     return wxPENSTYLE_SOLID;
 }
@@ -176,12 +183,14 @@ RasterOperation CwxPainter::GetRasterOperation()
 void CwxPainter::internalSetPen(const pen& value)
 {
     static const wxDash alternate[] = {1, 2}; // wx keeps the pointer as long as the pen is selected
-    wxPen result(vela2wx(value.color), value.width, ToWxPenStyle(value.style));
+    const int width = std::clamp(value.width, -1, widestPen); // wx takes negative ones for 1
+    const wxPenStyle style = ToWxPenStyle(value.style, width);
+    wxPen result(vela2wx(value.color), width, style);
     if (value.width >= wideFrom) {
         result.SetCap(wxCAP_BUTT);
         result.SetJoin(wxJOIN_MITER);
     }
-    if (value.style == psAlternate)
+    if (style == wxPENSTYLE_USER_DASH)
         result.SetDashes(2, alternate);
     device->SetPen(result);
 }
@@ -227,13 +236,14 @@ void CwxPainter::internalGetFontMetrics(fontmetrics* metrics)
 
 void CwxPainter::internalSetClipRect(int l, int t, int r, int b, bool exclude)
 {
+    const wxRect rect = Bounded(*device, l, t, r, b);
     if (!exclude) {
-        device->SetClippingRegion(l, t, r - l, b - t);
+        device->SetClippingRegion(rect);
         return;
     }
     const rectangle<int> area = GetDrawRect();
     wxRegion region(0, 0, area.Width(), area.Height());
-    region.Subtract(wxRect(l, t, r - l, b - t));
+    region.Subtract(rect);
     device->SetDeviceClippingRegion(region);
 }
 

@@ -3,6 +3,7 @@
 
 #include "vela7/wxpainter.h"
 
+#include "gtkport.h"
 #include "vela7/border.h"
 #include "vela7/palette.h"
 
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace vela7 {
 
@@ -59,6 +61,10 @@ constexpr StateRow states[] = {
 };
 // clang-format on
 
+// Pixels of an element that are kept around what is shown of it: themes take their time, and calculate like
+// X.
+constexpr int around = 1024;
+
 int RendererFlags(int state)
 {
     int flags = 0;
@@ -66,6 +72,13 @@ int RendererFlags(int state)
         if (state & row.state)
             flags |= row.flags;
     return flags;
+}
+
+bool IsDrawnByTheme(ControlElement element)
+{
+    return element == ceHeaderButton ||
+           std::any_of(std::begin(elements), std::end(elements),
+                       [element](const ElementRow& row) { return row.element == element; });
 }
 
 void DrawByTheme(wxWindow* window, wxDC& dc, const wxRect& rect, ControlElement element, int flags)
@@ -80,9 +93,14 @@ void DrawByTheme(wxWindow* window, wxDC& dc, const wxRect& rect, ControlElement 
             (renderer.*row.draw)(window, dc, rect, flags | row.flags);
 }
 
+wxRect ToWxRect(const rectangle<int>& r)
+{
+    return wxRect(r.left, r.top, r.Width(), r.Height());
+}
+
 } // namespace
 
-// The clip in device pixels, right and bottom inclusive; false when there is none.
+// The clip in device pixels; false when there is none.
 bool CwxPainter::GetDeviceClip(rectangle<int>& clip) const
 {
     const rectangle<double> logical = GetClipRect();
@@ -92,11 +110,10 @@ bool CwxPainter::GetDeviceClip(rectangle<int>& clip) const
     point<double> second(logical.right, logical.bottom);
     ConvertCoord1(&first, false);
     ConvertCoord1(&second, false);
-    const auto pixel = [](double v) { return static_cast<int>(std::floor(v + 0.5)); };
-    clip.left = pixel(first.x);
-    clip.top = pixel(first.y);
-    clip.right = pixel(second.x) - 1;
-    clip.bottom = pixel(second.y) - 1;
+    const auto pixel = [](double v) {
+        return std::isnan(v) ? 0 : static_cast<int>(std::clamp(std::floor(v + 0.5), -1e9, 1e9));
+    };
+    clip = {pixel(first.x), pixel(first.y), pixel(second.x), pixel(second.y)};
     return true;
 }
 
@@ -105,41 +122,48 @@ bool CwxPainter::GetDeviceClip(rectangle<int>& clip) const
 void CwxPainter::NativeDrawControlElement(wxWindow* window, ControlElement element, int left, int top,
                                           int right, int bottom, int state)
 {
-    if (element == ceFocusRect) {
+    if (element == ceFocusRect)
         internalFocusRect(left, top, right, bottom);
+    if (!IsDrawnByTheme(element))
         return;
-    }
-    const wxRect rect(left, top, right - left, bottom - top);
+    rectangle<int> whole(left, top, right, bottom), clip;
+    const wxRect seen = gtkport::VisibleArea(*device);
+    rectangle<int> shown = whole.Intersect({seen.x, seen.y, seen.x + seen.width, seen.y + seen.height});
+    const bool direct = !GetDeviceClip(clip) || whole.Intersect(clip) == whole;
+    if (!direct)
+        shown = shown.Intersect(clip);
+    if (shown.IsEmpty())
+        return;
+    whole = whole.Intersect(
+        {shown.left - around, shown.top - around, shown.right + around, shown.bottom + around});
     const wxPen pen = device->GetPen();
     const wxBrush brush = device->GetBrush();
-    const int flags = RendererFlags(state);
-    rectangle<int> clip;
-    if (!GetDeviceClip(clip) ||
-        (clip.left <= left && clip.top <= top && clip.right >= right - 1 && clip.bottom >= bottom - 1)) {
-        DrawByTheme(window, *device, rect, element, flags);
-    } else {
-        const int width = std::min(clip.right, right - 1) - std::max(clip.left, left);
-        const int height = std::min(clip.bottom, bottom - 1) - std::max(clip.top, top);
-        if (width > 0 && height > 0)
-            DrawOffScreen(window, element, rect, flags);
-    }
+    if (direct)
+        DrawByTheme(window, *device, ToWxRect(whole), element, RendererFlags(state));
+    else
+        DrawOffScreen(window, element, ToWxRect(whole), ToWxRect(shown), RendererFlags(state));
     device->SetPen(pen);
     device->SetBrush(brush);
 }
 
-void CwxPainter::DrawOffScreen(wxWindow* window, ControlElement element, const wxRect& rect, int flags)
+// The part of an element that is shown, wherever the rest of it is.
+void CwxPainter::DrawOffScreen(wxWindow* window, ControlElement element, const wxRect& whole,
+                               const wxRect& shown, int flags)
 {
-    wxBitmap bitmap(rect.width, rect.height);
+    wxBitmap bitmap(shown.GetSize());
     wxMemoryDC memory(bitmap);
     const wxBrush brush = device->GetBrush();
-    // A brush that fills nothing would leave the bitmap undefined: then the element stands on what is there.
-    if (brush.GetStyle() == wxBRUSHSTYLE_TRANSPARENT)
-        memory.Blit(0, 0, rect.width, rect.height, device, rect.x, rect.y);
+    // A brush that does not fill all would leave the bitmap undefined: the element stands on what is there.
+    if (brush.GetStyle() != wxBRUSHSTYLE_SOLID)
+        memory.Blit(0, 0, shown.width, shown.height, device, shown.x, shown.y);
     memory.SetBrush(brush);
     memory.SetPen(*wxTRANSPARENT_PEN);
-    memory.DrawRectangle(0, 0, rect.width, rect.height);
-    DrawByTheme(window, memory, wxRect(0, 0, rect.width, rect.height), element, flags);
-    device->Blit(rect.x, rect.y, rect.width, rect.height, &memory, 0, 0, wxCOPY, false);
+    memory.SetDeviceOrigin(-shown.x, -shown.y); // hatches begin where those beside the element do
+    memory.DrawRectangle(shown);
+    memory.SetDeviceOrigin(0, 0);
+    const wxRect there(whole.x - shown.x, whole.y - shown.y, whole.width, whole.height);
+    DrawByTheme(window, memory, there, element, flags);
+    device->Blit(shown.x, shown.y, shown.width, shown.height, &memory, 0, 0, wxCOPY, false);
 }
 
 // ---- by hand

@@ -2,6 +2,7 @@
 
 #include "vela7/wxpainter.h"
 
+#include "devicebounds.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/xpm.h"
 #include "xpmread.h"
@@ -11,23 +12,39 @@
 #include <wx/image.h>
 
 #include <algorithm>
+#include <climits>
 
 namespace vela7 {
 
 namespace {
 
 // What is left of an extent after a cut, at most the wanted part; -1 wants all.
-int Shorten(int extent, int cut, int wanted)
+long long Shorten(int extent, int cut, int wanted)
 {
-    const int rest = extent - cut;
+    const long long rest = 0LL + extent - cut;
     return wanted != -1 && wanted < rest ? wanted : rest;
 }
 
-// The pixels of a picture; null when there are none.
-wxBitmap* PixelsOf(IRasterPicture* picture)
+// What callers see of a picture; invalid when there is nothing.
+wxBitmap ShownOf(IRasterPicture* picture)
 {
     auto* const ours = dynamic_cast<CwxRasterPicture*>(picture);
-    return ours && ours->GetBitmap().IsOk() ? &ours->GetBitmap() : nullptr;
+    return ours ? ours->GetShown() : wxBitmap();
+}
+
+int End(int begin, long long extent)
+{
+    return static_cast<int>(std::clamp<long long>(begin + extent, INT_MIN, INT_MAX));
+}
+
+rectangle<int> Corners(int l, int t, int r, int b)
+{
+    rectangle<int> corners; // as given: a reversed one stays reversed
+    corners.left = l;
+    corners.top = t;
+    corners.right = r;
+    corners.bottom = b;
+    return corners;
 }
 
 } // namespace
@@ -35,21 +52,27 @@ wxBitmap* PixelsOf(IRasterPicture* picture)
 void CwxPainter::internalDrawXPM(const XPMImage& image, int x, int y, int cx, int cy, int w, int h,
                                  double scale, RasterOperation op)
 {
-    int width = Shorten(image.width, cx, w);
-    int height = Shorten(image.height, cy, h);
-    if (width <= 0 || height <= 0)
+    const long long cutWidth = Shorten(image.width, cx, w), cutHeight = Shorten(image.height, cy, h);
+    if (cutWidth <= 0 || cutHeight <= 0)
         return;
     wxImage picture = ReadXPM(image);
     if (!picture.IsOk())
         return;
+    // Truncated, and never more than X holds.
+    const auto scaled = [scale](long long extent) {
+        return static_cast<int>(std::min(extent * (scale > 1.0 ? scale : 1.0), SHRT_MAX + 1.0));
+    };
+    int width = scaled(cutWidth), height = scaled(cutHeight);
     if (scale > 1.0) {
-        if (!IsPictureSize(width * scale, height * scale))
+        if (!CanMakePicture(width, height))
             return;
         // Kept by contract: the whole image is squeezed into the shortened size instead of being cut; toolkit
         // icons are made for it.
-        width = static_cast<int>(width * scale);
-        height = static_cast<int>(height * scale);
-        picture = picture.Scale(width, height, wxIMAGE_QUALITY_NORMAL);
+        picture = Scaled(*device, picture, wxSize(width, height), x, y);
+        if (!picture.IsOk())
+            return;
+        width = picture.GetWidth();
+        height = picture.GetHeight();
     }
     wxBitmap bitmap(picture);
     unsigned char red = 0, green = 0, blue = 0;
@@ -57,7 +80,7 @@ void CwxPainter::internalDrawXPM(const XPMImage& image, int x, int y, int cx, in
     bitmap.SetMask(new wxMask(bitmap, wxColour(red, green, blue)));
     wxMemoryDC memory;
     memory.SelectObjectAsSource(bitmap);
-    device->Blit(x, y, width, height, &memory, 0, 0, vela2wx(op), true);
+    Copy(*device, Corners(x, y, End(x, width), End(y, height)), memory, {}, vela2wx(op), true);
 }
 
 void CwxPainter::internalDrawRasterPicture(IRasterPicture* picture, int l, int t, int r, int b,
@@ -69,13 +92,13 @@ void CwxPainter::internalDrawRasterPicture(IRasterPicture* picture, int l, int t
 void CwxPainter::internalDrawRasterPictureEx(IRasterPicture* picture, int sl, int st, int, int, int dl,
                                              int dt, int dr, int db, RasterOperation op)
 {
-    const wxBitmap* const pixels = PixelsOf(picture);
-    if (!pixels)
+    const wxBitmap shown = ShownOf(picture);
+    if (!shown.IsOk())
         return;
     wxMemoryDC memory;
-    memory.SelectObjectAsSource(*pixels);
+    memory.SelectObjectAsSource(shown);
     // Kept by contract: the target's size counts and nothing is stretched, whatever the size of the source.
-    device->Blit(dl, dt, dr - dl, db - dt, &memory, sl, st, vela2wx(op), true);
+    Copy(*device, Corners(dl, dt, dr, db), memory, {sl, st}, vela2wx(op), true);
 }
 
 void CwxPainter::internalExtractRasterPicture(IRasterPicture* picture, int l, int t, int r, int b)
@@ -86,27 +109,29 @@ void CwxPainter::internalExtractRasterPicture(IRasterPicture* picture, int l, in
 void CwxPainter::internalExtractRasterPictureEx(IRasterPicture* picture, int pl, int pt, int, int, int sl,
                                                 int st, int sr, int sb)
 {
-    wxBitmap* const pixels = PixelsOf(picture);
-    if (!pixels)
+    auto* const ours = dynamic_cast<CwxRasterPicture*>(picture);
+    if (!ours || !ours->GetBitmap().IsOk())
         return;
-    wxMemoryDC memory(*pixels); // the picture's own bitmap: a copy would be filled instead
-    memory.Blit(pl, pt, sr - sl, sb - st, device, sl, st, wxCOPY);
+    wxMemoryDC memory(ours->GetBitmap()); // the picture's own bitmap: a copy would be filled instead
+    const rectangle<int> target = Corners(pl, pt, End(pl, 0LL + sr - sl), End(pt, 0LL + sb - st));
+    Copy(memory, target, *device, {sl, st}, wxCOPY, true);
 }
 
 namespace {
 
-// Draws a picture's pixels with the opacity that transparency(index) leaves; rows from the top.
+// Draws a picture's pixels with the opacity that transparency(x, y) leaves.
 template <class Transparency>
 void Blend(wxDC& dc, const wxBitmap& pixels, int x, int y, Transparency transparency)
 {
+    if (!CanBeSeen(dc, x, y, pixels.GetWidth(), pixels.GetHeight()))
+        return;
     wxImage image = pixels.ConvertToImage();
     if (!image.HasAlpha())
         image.InitAlpha();
-    unsigned char* const alpha = image.GetAlpha();
-    const std::size_t count =
-        static_cast<std::size_t>(image.GetWidth()) * static_cast<std::size_t>(image.GetHeight());
-    for (std::size_t i = 0; i < count; ++i)
-        alpha[i] = static_cast<unsigned char>(~transparency(i)); // 255 - transparency
+    unsigned char* alpha = image.GetAlpha();
+    for (int row = 0; row < image.GetHeight(); ++row)
+        for (int column = 0; column < image.GetWidth(); ++column)
+            *alpha++ = static_cast<unsigned char>(~transparency(column, row)); // 255 - transparency
     dc.DrawBitmap(wxBitmap(image), x, y, true);
 }
 
@@ -114,16 +139,21 @@ void Blend(wxDC& dc, const wxBitmap& pixels, int x, int y, Transparency transpar
 
 void CwxPainter::internalAlphaBlend(int l, int t, int, int, IRasterPicture* picture, int transparency)
 {
-    if (const wxBitmap* const pixels = PixelsOf(picture))
-        Blend(*device, *pixels, l, t, [transparency](std::size_t) { return transparency; });
+    const wxBitmap shown = ShownOf(picture);
+    if (shown.IsOk())
+        Blend(*device, shown, l, t, [transparency](int, int) { return transparency; });
 }
 
 void CwxPainter::internalAlphaBlend(int l, int t, int, int, IRasterPicture* picture,
                                     unsigned char* transparencies)
 {
-    const wxBitmap* const pixels = PixelsOf(picture);
-    if (pixels && transparencies)
-        Blend(*device, *pixels, l, t, [transparencies](std::size_t i) { return transparencies[i]; });
+    const wxBitmap shown = ShownOf(picture);
+    if (!shown.IsOk() || !transparencies)
+        return;
+    const auto width = static_cast<std::size_t>(picture->GetSize().width); // of the caller's rows
+    Blend(*device, shown, l, t, [=](int x, int y) {
+        return transparencies[width * static_cast<std::size_t>(y) + static_cast<std::size_t>(x)];
+    });
 }
 
 } // namespace vela7

@@ -2,12 +2,14 @@
 
 #include "vela7/wxpainter.h"
 
+#include "devicebounds.h"
 #include "vela7/wxconvert.h"
 
 #include <wx/brush.h>
 #include <wx/pen.h>
 
 #include <algorithm>
+#include <climits>
 #include <vector>
 
 namespace vela7 {
@@ -55,18 +57,43 @@ std::vector<wxPoint> Range(const point<int>* points, int count, int first, int l
     return result;
 }
 
+// The colour at a part of the way from one to another.
+wxColour Between(const _color& from, const _color& to, double part)
+{
+    const auto mix = [part](unsigned char a, unsigned char b) {
+        return static_cast<unsigned char>(a + (b - a) * part + 0.5);
+    };
+    return wxColour(mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue));
+}
+
+// X holds no angles beyond a turn and a half. A start within the first turn, and one turn at most from there,
+// look the same.
+double StartAngle(int start)
+{
+    return start / 10 % 360;
+}
+
+double EndAngle(int start, int end)
+{
+    const int extent = static_cast<int>(std::clamp<long long>(0LL + end / 10 - start / 10, -360, 360));
+    return StartAngle(start) + extent;
+}
+
 } // namespace
 
 _color CwxPainter::internalSetPixel(int x, int y, _color color)
 {
+    const bool canBeSeen = CanBeSeen(*device, x, y, 1, 1);
     if (color.flag != 0) {
-        device->DrawPoint(x, y);
+        if (canBeSeen)
+            device->DrawPoint(x, y);
         return wx2vela(device->GetPen().GetColour());
     }
     wxPen pen = device->GetPen();
     pen.SetColour(color.red, color.green, color.blue);
     const CPenScope scope(*device, pen);
-    device->DrawPoint(x, y);
+    if (canBeSeen)
+        device->DrawPoint(x, y);
     return color;
 }
 
@@ -89,30 +116,31 @@ point<int> CwxPainter::internalGetCurrentPos()
 
 void CwxPainter::internalLineTo(int x, int y)
 {
-    device->DrawLine(m_current.x, m_current.y, x, y);
+    DrawLine(*device, m_current, {x, y});
     m_current = {x, y};
 }
 
 void CwxPainter::internalFillRect(int l, int t, int r, int b)
 {
     const CPenScope scope(*device, *wxTRANSPARENT_PEN);
-    device->DrawRectangle(l, t, r - l, b - t);
+    device->DrawRectangle(Bounded(*device, l, t, r, b));
 }
 
 void CwxPainter::internalRectangle(int l, int t, int r, int b)
 {
-    device->DrawRectangle(l, t, r - l, b - t);
+    device->DrawRectangle(Bounded(*device, l, t, r, b));
 }
 
 void CwxPainter::internalEllipse(int l, int t, int r, int b)
 {
-    device->DrawEllipse(l, t, r - l, b - t);
+    device->DrawEllipse(Bounded(*device, l, t, r, b));
 }
 
 void CwxPainter::internalRoundRect(int l, int t, int r, int b, int ew, int eh)
 {
     // Kept by contract: the two sizes of the corner collapse into one radius and are not halved; wx has one.
-    device->DrawRoundedRectangle(l, t, r - l, b - t, static_cast<double>(std::min(ew, eh)));
+    const int radius = std::min({ew, eh, SHRT_MAX});
+    device->DrawRoundedRectangle(Bounded(*device, l, t, r, b), static_cast<double>(radius));
 }
 
 void CwxPainter::internalFocusRect(int l, int t, int r, int b)
@@ -125,19 +153,28 @@ void CwxPainter::internalFocusRect(int l, int t, int r, int b)
     {
         const CPenScope pen(*device, dotted);
         const CBrushScope brush(*device, *wxTRANSPARENT_BRUSH);
-        device->DrawRectangle(l, t, r - l, b - t);
+        device->DrawRectangle(Bounded(*device, l, t, r, b));
     }
     device->SetLogicalFunction(before);
 }
 
+// wx computes the colours in ints, which are too short for long ways.
 void CwxPainter::internalGradientH(int l, int t, int r, int b, _color from, _color to, unsigned long)
 {
-    device->GradientFillLinear(wxRect(l, t, r - l, b - t), vela2wx(from), vela2wx(to), wxRIGHT);
+    const wxRect rect = Bounded(*device, l, t, r, b);
+    const double way = static_cast<double>(r) - l;
+    if (rect.width > 0)
+        device->GradientFillLinear(rect, Between(from, to, (rect.x - l) / way),
+                                   Between(from, to, (rect.x + rect.width - l) / way), wxRIGHT);
 }
 
 void CwxPainter::internalGradientV(int l, int t, int r, int b, _color from, _color to, unsigned long)
 {
-    device->GradientFillLinear(wxRect(l, t, r - l, b - t), vela2wx(from), vela2wx(to), wxDOWN);
+    const wxRect rect = Bounded(*device, l, t, r, b);
+    const double way = static_cast<double>(b) - t;
+    if (rect.height > 0)
+        device->GradientFillLinear(rect, Between(from, to, (rect.y - t) / way),
+                                   Between(from, to, (rect.y + rect.height - t) / way), wxDOWN);
 }
 
 // Angles: whole degrees, truncated toward zero.
@@ -145,7 +182,7 @@ void CwxPainter::internalGradientV(int l, int t, int r, int b, _color from, _col
 void CwxPainter::internalArc(int l, int t, int r, int b, int start, int end)
 {
     const CBrushScope scope(*device, *wxTRANSPARENT_BRUSH);
-    device->DrawEllipticArc(l, t, r - l, b - t, start / 10, end / 10);
+    internalPie(l, t, r, b, start, end);
 }
 
 void CwxPainter::internalChord(int l, int t, int r, int b, int start, int end)
@@ -156,28 +193,29 @@ void CwxPainter::internalChord(int l, int t, int r, int b, int start, int end)
 
 void CwxPainter::internalPie(int l, int t, int r, int b, int start, int end)
 {
-    device->DrawEllipticArc(l, t, r - l, b - t, start / 10, end / 10);
+    const wxRect rect = Bounded(*device, l, t, r, b);
+    device->DrawEllipticArc(rect.GetTopLeft(), rect.GetSize(), StartAngle(start), EndAngle(start, end));
 }
 
 void CwxPainter::internalPolyLine(const point<int>* points, int count, int first, int last)
 {
     const std::vector<wxPoint> range = Range(points, count, first, last);
     if (!range.empty())
-        device->DrawLines(static_cast<int>(range.size()), range.data(), 0, 0);
+        DrawLines(*device, range);
 }
 
 void CwxPainter::internalPolyBezier(const point<int>* points, int count, int first, int last)
 {
     const std::vector<wxPoint> range = Range(points, count, first, last);
     if (range.size() > 1) // wx reads a second point unasked
-        device->DrawSpline(static_cast<int>(range.size()), range.data());
+        DrawSpline(*device, range);
 }
 
 void CwxPainter::internalPolygon(const point<int>* points, int count)
 {
     const std::vector<wxPoint> all = Range(points, count, 0, -1);
     if (!all.empty())
-        device->DrawPolygon(static_cast<int>(all.size()), all.data(), 0, 0, wxODDEVEN_RULE);
+        DrawPolygon(*device, all);
 }
 
 void CwxPainter::internalSemiFillRect(int, int, int, int, _color)

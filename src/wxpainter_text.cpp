@@ -2,17 +2,21 @@
 
 #include "vela7/wxpainter.h"
 
+#include "devicebounds.h"
 #include "textdecode.h"
 #include "vela7/wxconvert.h"
 
 #include <wx/pen.h>
 
 #include <cctype>
+#include <cstdlib>
 #include <cstring>
 
 namespace vela7 {
 
 namespace {
+
+constexpr int farthest = 1 << 20; // Pango counts in 1024ths of a pixel
 
 wxString Decode(const char* text, int length)
 {
@@ -25,6 +29,8 @@ wxString Decode(const char* text, int length)
 
 void CwxPainter::internalDrawString(int x, int y, const char* text, int length)
 {
+    if (std::abs(0LL + x) > farthest || std::abs(0LL + y) > farthest)
+        return;
     const wxString decoded = Decode(text, length);
     const font& current = GetFont();
     device->DrawRotatedText(decoded, x, y, current.angle / 10.0);
@@ -36,7 +42,7 @@ void CwxPainter::internalDrawString(int x, int y, const char* text, int length)
     device->SetPen(wxPen(vela2wx(GetTextColor()), 1, wxPENSTYLE_SOLID));
     const wxSize extent = device->GetTextExtent(decoded);
     const int line = y + (extent.GetHeight() + 1) / 2;
-    device->DrawLine(x - 1, line, x + extent.GetWidth() + 1, line);
+    DrawLine(*device, {x - 1, line}, {x + extent.GetWidth() + 1, line});
     device->SetPen(before);
 }
 

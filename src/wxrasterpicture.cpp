@@ -1,5 +1,6 @@
 #include "vela7/wxrasterpicture.h"
 
+#include "devicebounds.h"
 #include "gtkport.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxrstpainter.h"
@@ -42,7 +43,7 @@ int FitExtent(int from, int extent, int source)
 
 CwxRasterPicture::CwxRasterPicture(size<int> pixels)
 {
-    if (IsPictureSize(pixels.width, pixels.height))
+    if (CanMakePicture(pixels.width, pixels.height))
         bitmap.Create(pixels.width, pixels.height, -1);
     m_size = pixels;
 }
@@ -58,10 +59,19 @@ void CwxRasterPicture::SetBitmap(const wxBitmap& value)
     m_size = bitmap.IsOk() ? size<int>(bitmap.GetWidth(), bitmap.GetHeight()) : size<int>();
 }
 
+wxBitmap CwxRasterPicture::GetShown() const
+{
+    if (!bitmap.IsOk() || (m_size.width >= bitmap.GetWidth() && m_size.height >= bitmap.GetHeight()))
+        return bitmap;
+    const wxRect part(0, 0, std::min(m_size.width, bitmap.GetWidth()),
+                      std::min(m_size.height, bitmap.GetHeight()));
+    return part.IsEmpty() ? wxBitmap() : bitmap.GetSubBitmap(part);
+}
+
 void CwxRasterPicture::ConvertFromXPM(const XPMImage& image, bool useMask)
 {
     const wxImage picture = ReadXPM(image);
-    if (!picture.IsOk())
+    if (!picture.IsOk() || !CanMakePicture(picture.GetWidth(), picture.GetHeight()))
         return;
     wxBitmap made(picture);
     if (useMask) {
@@ -75,11 +85,12 @@ void CwxRasterPicture::ConvertFromXPM(const XPMImage& image, bool useMask)
 void CwxRasterPicture::SetMask(const IRasterPicture* mask)
 {
     const CwxRasterPicture* const source = Ours(mask);
-    if (!source || !source->bitmap.IsOk() || !bitmap.IsOk())
+    const wxBitmap shown = source ? source->GetShown() : wxBitmap();
+    if (!shown.IsOk() || !bitmap.IsOk())
         return;
     // wx makes masks of monochrome bitmaps only; pictures have the screen's depth. Black is transparent, and
     // ConvertToMono turns the colour it is given white.
-    const wxImage image = source->bitmap.ConvertToImage();
+    const wxImage image = shown.ConvertToImage();
     bitmap.SetMask(new wxMask(wxBitmap(image.ConvertToMono(0, 0, 0), 1), *wxWHITE));
 }
 
@@ -90,37 +101,40 @@ bool CwxRasterPicture::CopyFrom(const IRasterPicture* source, const screen_recta
     const CwxRasterPicture* const from = Ours(source);
     if (!from)
         return true;
-    const wxBitmap shared = from->bitmap;
-    if (area.IsNull() || !shared.IsOk()) {
-        SetBitmap(shared);
-        m_size = from->GetSize();
+    if (area.IsNull() || !from->bitmap.IsOk()) {
+        const size<int> recorded = from->GetSize();
+        SetBitmap(wxBitmap(from->bitmap));
+        m_size = recorded;
         return true;
     }
+    const wxBitmap shown = from->GetShown();
     wxRect rect = vela2wx(area);
     rect.x = std::max(rect.x, 0); // the extent stays
     rect.y = std::max(rect.y, 0);
-    rect.width = FitExtent(rect.x, rect.width, shared.GetWidth());
-    rect.height = FitExtent(rect.y, rect.height, shared.GetHeight());
+    rect.width = shown.IsOk() ? FitExtent(rect.x, rect.width, shown.GetWidth()) : 0;
+    rect.height = shown.IsOk() ? FitExtent(rect.y, rect.height, shown.GetHeight()) : 0;
     const bool any = rect.width > 0 && rect.height > 0;
-    SetBitmap(any ? shared.GetSubBitmap(rect) : wxBitmap());
+    SetBitmap(any ? shown.GetSubBitmap(rect) : wxBitmap());
     return true;
 }
 
 void CwxRasterPicture::Scale(int width, int height)
 {
-    if (!bitmap.IsOk() || !IsPictureSize(width, height))
+    const wxBitmap shown = GetShown();
+    if (!shown.IsOk() || !CanMakePicture(width, height))
         return;
-    SetBitmap(wxBitmap(bitmap.ConvertToImage().Scale(width, height, wxIMAGE_QUALITY_HIGH)));
+    SetBitmap(wxBitmap(shown.ConvertToImage().Scale(width, height, wxIMAGE_QUALITY_HIGH)));
 }
 
 void CwxRasterPicture::Blur(const size<int>& radius, const screen_rectangle<int>& area)
 {
-    if (!bitmap.IsOk() || (radius.width < 1 && radius.height < 1))
+    const wxBitmap shown = GetShown();
+    if (!shown.IsOk() || (radius.width < 1 && radius.height < 1))
         return;
-    wxImage image = bitmap.ConvertToImage();
+    wxImage image = shown.ConvertToImage();
     const wxRect rect = vela2wx(area);
     if (!area.IsNull()) {
-        const bool inside = wxRect(bitmap.GetSize()).Contains(rect);
+        const bool inside = wxRect(shown.GetSize()).Contains(rect);
         if (rect.IsEmpty() || !inside)
             return;
         image = image.GetSubImage(rect);
@@ -163,10 +177,11 @@ void CwxRasterPicture::SetSize(size<int> pixels)
 
 void CwxRasterPicture::Save(const std::string& fileName)
 {
-    NeedXPMHandler();
-    if (!bitmap.IsOk())
+    const wxBitmap shown = GetShown();
+    if (!shown.IsOk())
         return;
-    wxImage image = bitmap.ConvertToImage();
+    NeedXPMHandler();
+    wxImage image = shown.ConvertToImage();
     if (image.HasAlpha())
         image.ConvertAlphaToMask(); // else wx saves what is transparent as solid
     image.SaveFile(vela2wx(fileName), wxBITMAP_TYPE_XPM);
@@ -174,6 +189,8 @@ void CwxRasterPicture::Save(const std::string& fileName)
 
 void CwxRasterPicture::Load(const std::string& fileName)
 {
+    if (!gtkport::DisplayIsOpen())
+        return;
     NeedXPMHandler();
     wxBitmap loaded;
     if (const std::optional<wxBitmap> xpm = ReadXPMFile(fileName))

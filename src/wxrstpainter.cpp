@@ -1,5 +1,6 @@
 #include "vela7/wxrstpainter.h"
 
+#include "gtkport.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyswindow.h"
 
@@ -16,14 +17,16 @@ CwxRstPainter::~CwxRstPainter() = default;
 
 bool CwxRstPainter::CreatePaintDevice(StdSettings)
 {
-    if (device || !m_picture)
+    if (device)
         return true;
+    if (!gtkport::DisplayIsOpen())
+        return false;
     // The picture's own bitmap, not a copy of it: a copy would be painted on instead.
-    wxBitmap nowhere; // for pictures without pixels: wx objects to every operation on a device without
-    wxBitmap& pixels = m_picture->GetBitmap();
-    if (!pixels.IsOk())
+    wxBitmap nowhere; // without pixels: wx objects to every operation on a device that has none
+    const bool any = m_picture && m_picture->GetBitmap().IsOk();
+    if (!any)
         nowhere.Create(1, 1);
-    m_memory = std::make_unique<wxMemoryDC>(pixels.IsOk() ? pixels : nowhere);
+    m_memory = std::make_unique<wxMemoryDC>(any ? m_picture->GetBitmap() : nowhere);
     device = m_memory.get();
     return true;
 }

@@ -1,5 +1,7 @@
 #include "vela7/wxwinpainter.h"
 
+#include "devicebounds.h"
+#include "gtkport.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxdrawbuffer.h"
 
@@ -8,6 +10,7 @@
 #include <wx/dcmemory.h>
 
 #include <algorithm>
+#include <climits>
 
 namespace vela7 {
 
@@ -15,9 +18,25 @@ namespace {
 
 int livePainters = 0;
 
+int Sum(int a, int b)
+{
+    return static_cast<int>(std::clamp<long long>(0LL + a + b, INT_MIN, INT_MAX));
+}
+
 } // namespace
 
-CwxWinPainter::CwxWinPainter(wxWindow* window) : m_window(window)
+CwxWinPainter::CWatchedWindow::CWatchedWindow(wxWindow* window, CwxWinPainter& painter)
+    : wxWeakRef<wxWindow>(window), m_painter(painter)
+{
+}
+
+void CwxWinPainter::CWatchedWindow::OnObjectDestroy()
+{
+    wxWeakRef<wxWindow>::OnObjectDestroy();
+    m_painter.LoseWindow();
+}
+
+CwxWinPainter::CwxWinPainter(wxWindow* window) : m_window(window, *this)
 {
     ++livePainters;
 }
@@ -39,6 +58,7 @@ void CwxWinPainter::InitDC()
 {
     if (device || !m_window)
         return;
+    m_watch = gtkport::WatchDrawable(*m_window, [this] { LoseWindow(); });
     m_own = std::make_unique<wxClientDC>(m_window);
     device = m_own.get();
     m_target = nullptr;
@@ -51,12 +71,22 @@ void CwxWinPainter::SetDC(wxDC* dc)
     device = dc;
 }
 
+// A client DC asks its window for the layout of text, and more; and what it draws on is not its own.
+void CwxWinPainter::LoseWindow()
+{
+    m_target = nullptr; // nothing more is shown
+    EndAllPaints();
+    if (m_own)
+        DropDevices();
+}
+
 void CwxWinPainter::DropDevices()
 {
     device = nullptr;
     m_target = nullptr;
     m_memory.reset();
     m_own.reset();
+    m_watch.reset();
     m_fullRepaint = true;
 }
 
@@ -130,19 +160,24 @@ void CwxWinPainter::internalDrawControlElement(ControlElement element, int l, in
         NativeDrawControlElement(m_window, element, l, t, r, b, state);
 }
 
+// What scrolls out of sight is lost: the buffer grows with the window only.
 void CwxWinPainter::ScrollContent(int dx, int dy, int left, int top, int right, int bottom)
 {
     if (m_memory || !m_window)
         return;
     const wxSize client = m_window->GetClientSize();
-    const int width = std::max(client.GetWidth(), dx + right + 1);
-    const int height = std::max(client.GetHeight(), dy + bottom + 1);
-    wxBitmap* const bitmap =
-        CDrawBufferManager::Get().GetExistingBuffer(this, width, height, m_scale, FillColor());
+    wxBitmap* const bitmap = CDrawBufferManager::Get().GetExistingBuffer(
+        this, client.GetWidth(), client.GetHeight(), m_scale, FillColor());
     if (!bitmap)
         return;
     wxMemoryDC memory(*bitmap);
-    memory.Blit(left + dx, top + dy, right - left + 1, bottom - top + 1, &memory, left, top, wxCOPY, false);
+    const wxSize extent = memory.GetSize();
+    const point<int> from(std::max(left, 0), std::max(top, 0));
+    const point<int> last(std::min(right, extent.x - 1), std::min(bottom, extent.y - 1));
+    if (last.x < from.x || last.y < from.y)
+        return;
+    const rectangle<int> target(Sum(from.x, dx), Sum(from.y, dy), Sum(last.x + 1, dx), Sum(last.y + 1, dy));
+    Copy(memory, target, memory, from, wxCOPY, false);
 }
 
 } // namespace vela7

@@ -29,7 +29,7 @@ constexpr FrameRow frames[] = {
 
 struct Box
 {
-    int left, top, right, bottom; // inclusive
+    double left, top, right, bottom; // inclusive
 };
 
 // Two sides of a frame; the corners at the far ends belong to the right and bottom sides. Filled strips,
@@ -53,7 +53,7 @@ void DrawBorder(IPainter* painter, int left, int top, int right, int bottom, Bor
         return;
     const ISysPalette& palette = painter->GetPalette() ? *painter->GetPalette() : *GetDefaultPalette();
     const brush before = painter->GetBrush();
-    Box inner{left, top, right, bottom};
+    Box inner{double(left), double(top), double(right), double(bottom)};
     for (const FrameRow& row : frames)
         if (row.shape == shape && row.style == style && inner.left <= inner.right &&
             inner.top <= inner.bottom) {

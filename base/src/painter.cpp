@@ -10,11 +10,11 @@ namespace vela7 {
 
 namespace {
 
-// Rounds half up. What is beyond any device ends where the difference of two coordinates still fits an int;
-// what is no number is 0.
+// Rounds half up. What is beyond any device ends where the difference of two coordinates, and that of such a
+// difference and an extent, still fit an int; what is no number is 0.
 int Round(double v)
 {
-    constexpr double limit = 0x3fffffff;
+    constexpr double limit = 0x1fffffff;
     if (std::isnan(v))
         return 0;
     return static_cast<int>(std::clamp(std::floor(v + 0.5), -limit, limit));
@@ -227,10 +227,10 @@ void IPainter::SetClipRect(double l, double t, double r, double b, bool exclude)
     if (!m_enabled)
         return;
     const DeviceRect d = ToDevice(l, t, r, b);
-    internalSetClipRect(d.l, d.t, d.r, d.b, exclude);
+    const rectangle<int> added(d.l, d.t, d.r, d.b); // not reversed, wherever the painter is mirrored
+    internalSetClipRect(added.left, added.top, added.right, added.bottom, exclude);
     if (exclude)
         return;
-    const rectangle<int> added(d.l, d.t, d.r, d.b);
     m_clip = m_clipped ? m_clip.Intersect(added) : added;
     m_clipped = true;
 }

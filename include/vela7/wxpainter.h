@@ -101,7 +101,8 @@ protected:
 
 private:
     bool GetDeviceClip(rectangle<int>& clip) const;
-    void DrawOffScreen(wxWindow* window, ControlElement element, const wxRect& rect, int flags);
+    void DrawOffScreen(wxWindow* window, ControlElement element, const wxRect& whole, const wxRect& shown,
+                       int flags);
     void DrawTick(int left, int top);
     void DrawExpander(int left, int top, int right, int bottom, bool plus);
     void DrawButtonByHand(int left, int top, int right, int bottom, BorderShape shape, int state);

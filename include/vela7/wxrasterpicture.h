@@ -14,8 +14,9 @@ class CwxRstPainter;
 
 /// A picture made of pixels, on a wxBitmap of the screen's depth.
 ///
-/// Made by ISystem::CreateRasterPicture; dies with its last handle. Its default painter is its own. Thread:
-/// GUI. Nothing is reported: what cannot be done leaves the picture as it was.
+/// Made by ISystem::CreateRasterPicture, without pixels before wx is initialised; dies with its last handle.
+/// Its default painter is its own. Thread: GUI. Nothing is reported: what cannot be done leaves the picture
+/// as it was.
 class VELA7_WX_API CwxRasterPicture : public IRasterPicture
 {
 public:
@@ -44,6 +45,9 @@ public:
     void Load(const std::string& fileName) override;
     int GetCanvasMetrics(CanvasMetrics metric) const override;
 
+    /// What callers see: the pixels within the recorded size, shared when that is all of them; invalid when
+    /// there are none.
+    wxBitmap GetShown() const;
     /// The pixels, in their real size.
     wxBitmap& GetBitmap() { return bitmap; }
     const wxBitmap& GetBitmap() const { return bitmap; }

@@ -14,12 +14,14 @@ class CwxRasterPicture;
 class VELA7_WX_API CwxRstPainter : public CwxPainter
 {
 public:
+    /// Null: no picture.
     explicit CwxRstPainter(CwxRasterPicture* picture);
     ~CwxRstPainter() override;
 
     /// The whole picture, in its recorded size.
     rectangle<int> GetDrawRect() override;
-    /// The setting is ignored: a picture keeps what is on it.
+    /// The setting is ignored: a picture keeps what is on it. False before wx is initialised only; what is
+    /// painted without picture or pixels is lost.
     bool CreatePaintDevice(StdSettings settings) override;
     void internalEndPaint() override;
     /// By the theme when the application has a top window, else by hand.

@@ -18,8 +18,8 @@ namespace vela7 {
 /// Paints a wx window, straight or through an off-screen buffer that is shown in one go at the end.
 ///
 /// A toolkit window owns its default painter; CreatePainter hands out others in handles, which may outlive
-/// the window: then BeginPaint answers false. Outside a paint event it draws through a client DC of its own.
-/// Thread: GUI.
+/// the window: a paint that is open then ends, and BeginPaint answers false. Outside a paint event it draws
+/// through a client DC of its own. Thread: GUI.
 class VELA7_WX_API CwxWinPainter : public CwxPainter
 {
 public:
@@ -45,14 +45,27 @@ public:
     virtual void ScrollContent(int dx, int dy, int left, int top, int right, int bottom);
 
 private:
+    // Tells the painter when the window goes.
+    class CWatchedWindow : public wxWeakRef<wxWindow>
+    {
+    public:
+        CWatchedWindow(wxWindow* window, CwxWinPainter& painter);
+        void OnObjectDestroy() override;
+
+    private:
+        CwxWinPainter& m_painter;
+    };
+
     bool StartBuffered();
     void ClearDevice();
+    void LoseWindow();
     void DropDevices();
     wxColour FillColor() const;
 
-    wxWeakRef<wxWindow> m_window;
-    wxDC* m_target = nullptr;    // the window's DC while the device is m_memory
-    std::unique_ptr<wxDC> m_own; // the client DC made by this painter
+    CWatchedWindow m_window;
+    wxDC* m_target = nullptr;      // the window's DC while the device is m_memory
+    std::unique_ptr<wxDC> m_own;   // the client DC made by this painter
+    std::shared_ptr<void> m_watch; // over what m_own draws on
     std::unique_ptr<wxDC> m_memory;
     bool m_fullRepaint = true;
     double m_scale = 1.0; // the window's content scale

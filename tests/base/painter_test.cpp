@@ -127,8 +127,8 @@ TEST_F(Painting, RoundsHalfUp)
     constexpr double huge = limits::max(), inf = limits::infinity();
     // clang-format off
     const std::pair<double, double> table[] = {
-        { 0.49, 0}, { 0.5,   1}, { 1.5,  2}, { 2.5,  3}, { huge,  1073741823}, { inf,  1073741823}, {limits::quiet_NaN(), 0},
-        {-0.5,  0}, {-0.51, -1}, {-1.5, -1}, {-2.5, -2}, {-huge, -1073741823}, {-inf, -1073741823},
+        { 0.49, 0}, { 0.5,   1}, { 1.5,  2}, { 2.5,  3}, { huge,  536870911}, { inf,  536870911}, {limits::quiet_NaN(), 0},
+        {-0.5,  0}, {-0.51, -1}, {-1.5, -1}, {-2.5, -2}, {-huge, -536870911}, {-inf, -536870911},
     };
     // clang-format on
     p.keepLastCoord = false; // asks the device
@@ -136,6 +136,12 @@ TEST_F(Painting, RoundsHalfUp)
         p.MoveTo(x, 0);
         EXPECT_EQ(p.GetCurrentPos().x, device) << x;
     }
+    rectangle<double> reversed;
+    reversed.left = inf;
+    reversed.right = -inf;
+    p.drawn.Take();
+    p.DrawStringEx("four", reversed, tfHCenter | tfSingleLine);
+    EXPECT_EQ(Line(), "Text -16 0 \"four\"");
     p.Scale(2, 2);
     p.LineTo(4.25, 5);
     EXPECT_EQ(p.GetCurrentPos(), point<double>(4.5, 5));
@@ -237,6 +243,13 @@ TEST_F(Painting, KeepsBooksOfTheClip)
     EXPECT_EQ(p.GetClipRect(), nothing);
     p.SetClipRect(0, 0, 10, 10); // nothing stays nothing
     EXPECT_EQ(p.GetClipRect(), nothing);
+    for (const bool exclude : {false, true}) { // reversed, by its corners and by the painter
+        Begin();
+        p.Scale(-1, 1);
+        p.SetClipRect(10, 40, 30, 20, exclude);
+        EXPECT_EQ(Line(), exclude ? "ExcludeClip -30 20 -10 40" : "Clip -30 20 -10 40");
+        EXPECT_EQ(p.GetClipRect(), exclude ? rectangle<double>() : rectangle<double>(10, 20, 30, 40));
+    }
     p.EndPaint();
     EXPECT_EQ(p.GetClipRect(), rectangle<double>());
 }

@@ -1,5 +1,6 @@
 // A host that has loaded the library and nothing more: no wx initialised, no application, no display.
 
+#include "vela7/painter.h"
 #include "vela7/palette.h"
 #include "vela7/system.h"
 #include "vela7/wxconvert.h"
@@ -7,6 +8,7 @@
 #include "vela7/wxsyspalette.h"
 #include "vela7/wxsystem.h"
 #include "vela7/wxsyswindow.h"
+#include "vela7/xpm.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -73,6 +75,21 @@ TEST(WithoutAppDeathTest, TheClipboardEndsBeforeWhatWasThereFirst)
         std::exit(2);
     };
     EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
+}
+
+TEST(WithoutApp, PicturesHaveNoPixels)
+{
+    const char* const lines[] = {"1 1 1 1", "a c red", "a"};
+    const CHandle<IRasterPicture> picture = GetCurrentSystem()->CreateRasterPicture({10, 20});
+    picture->ConvertFromXPM(XPMImage(lines), true);
+    picture->Scale(5, 5);
+    picture->Blur({2, 2}, {});
+    picture->Load("/dev/null");
+    picture->Save("/dev/null");
+    EXPECT_EQ(size<int>(10, 20), picture->GetSize());
+    const CPaintScope paint(*picture->TakeDefPainter());
+    EXPECT_FALSE(paint.IsOk());
+    picture->TakeDefPainter()->FillRect(0, 0, 5, 5);
 }
 
 TEST(WithoutApp, ColoursAreTheBuiltInOnes)

@@ -96,6 +96,8 @@ TEST_F(Animation, WithoutFramesOrPaint)
     animation.Draw(nullptr, 0, 0);
     animation.Draw(&canvas.painter, 0, 0);
     ExpectSamePixels(untouched, ReadPixels(canvas.GetBitmap()), "outside of a paint");
+    const auto far = [&](IPainter& p) { animation.Draw(&p, 1 << 24, -(1 << 16)); };
+    ExpectSamePixels(untouched, canvas.Draw(far), "out of sight");
     animation.Clear();
     expectNothing({16, 16}); // the animation is kept
     animation.Init(moving, false);

@@ -8,6 +8,7 @@
 #include <wx/event.h>
 #include <wx/settings.h>
 
+#include <cmath>
 #include <vector>
 
 namespace vela7 {
@@ -40,6 +41,7 @@ TEST(Convert, RectanglesAreExclusiveOneWayAndInclusiveTheOther)
     huge.left = -2147483647;
     huge.right = 2147483647;
     EXPECT_EQ(2147483647, vela2wx(huge).width);
+    EXPECT_EQ(2147483647, wx2vela(wxRect(2147483647, 0, 2, 2147483647)).right);
 }
 
 // ---- fonts
@@ -52,6 +54,11 @@ TEST(ConvertFont, SizeIsScaledAndTruncated)
         f.size = size;
         f.scale = 1.5;
         EXPECT_EQ(points, vela2wx(f).GetPointSize()) << size;
+    }
+    for (const auto& [scale, points] : {std::pair(1e300, 2048), {-1.0, 0}, {std::nan(""), 0}}) {
+        font f;
+        f.scale = scale;
+        EXPECT_EQ(points, vela2wx(f).GetPointSize()) << scale;
     }
 }
 

@@ -150,8 +150,13 @@ TEST_F(Themed, TellsTheRendererElementAndState)
     const Pixels dotted = Draw([](CwxPainter& painter) {
         for (const int code : {6, 12, 13, 1000, -1}) // the focus, then codes that there are not
             painter.DrawControlElement(Element(code), 20, 30, 60, 50, 0);
+        painter.SetBrush(brush{clYellow, bsSolid});
+        painter.SetClipRect(30, 40, 300, 200);
+        for (const int code : {12, 13, 99, -1})
+            painter.DrawControlElement(Element(code), 20, 30, 60, 50, 0);
     });
     EXPECT_TRUE(recorder.Take().empty());
+    EXPECT_EQ(wxRect(), dotted.BoxOf(0xffff00));
     EXPECT_EQ(wxRect(20, 30, 40, 20), dotted.BoxOf(0xffffff ^ background));
 }
 
@@ -173,7 +178,8 @@ TEST_F(Themed, HeedsTheClipRectangle)
         {{60, 30, 300, 200}, false, false, wxRect()}, // wholly outside
         {{0, 0, 20, 200}, false, false, wxRect()},
         {{0, 50, 300, 200}, false, false, wxRect()},
-        {{0, 0, 21, 200}, false, false, wxRect()}, // one column counts as none
+        {{0, 0, 21, 200}, true, false, wxRect(20, 30, 1, 20)}, // one column
+        {{0, 49, 400, 300}, true, false, wxRect(20, 49, 20, 1)},
         {{100, 100, 100, 100}, false, false, wxRect()},
         {{0, 0, 0, 0}, true, true, wxRect(20, 30, 20, 20)}, // all zeros: not clipped
     };
@@ -207,6 +213,37 @@ TEST_F(Themed, HeedsTheClipRectangle)
         painter.DrawControlElement(cePushButton, 20, 30, 60, 50, 0);
     });
     EXPECT_EQ(wxRect(40, 40, 20, 10), filled.BoxOf(0xffff00));
+    // Where it does not fill, on what is there; and as if beside the element. All of it mirrored.
+    const Pixels hatched = Draw([&](CwxPainter& painter) {
+        painter.SetBrush(brush{clYellow, bsCross});
+        painter.Scale(-1, 1);
+        painter.SetClipRect(-30, 40, -300, 200);
+        painter.DrawControlElement(cePushButton, -20, 30, -60, 50, 0);
+    });
+    EXPECT_EQ(wxRect(30, 40, 10, 10), hatched.BoxOf(ink));
+    const Pixels hatch = Draw([](CwxPainter& painter) {
+        painter.SetBrush(brush{clYellow, bsCross});
+        painter.FillRect(40, 40, 60, 50);
+    });
+    EXPECT_EQ(100 + hatch.CountColour(hatch.Bounds(), 0xffff00),
+              hatched.CountColour(hatched.Bounds(), ink) + hatched.CountColour(hatched.Bounds(), 0xffff00));
+    EXPECT_EQ(hatch.BoxOf(0xffff00), hatched.BoxOf(0xffff00));
+    EXPECT_EQ(0, hatched.CountColour(hatched.Bounds(), 0x000000));
+}
+
+TEST_F(Themed, DrawsWhatIsLargerThanAnyPicture)
+{
+    const Pixels drawn = Draw([](CwxPainter& painter) {
+        painter.SetClipRect(30, 40, 60, 45);
+        painter.DrawControlElement(cePushButton, -20000, 30, 20000, 50, 0);
+        painter.CancelClipping();
+        painter.DrawControlElement(cePushButton, -1e9, 100, 1e9, 120, 0);
+    });
+    EXPECT_EQ(background, drawn.At(29, 40));
+    EXPECT_NE(background, drawn.At(30, 40));
+    EXPECT_NE(background, drawn.At(59, 44));
+    EXPECT_EQ(background, drawn.At(60, 44));
+    EXPECT_NE(background, drawn.At(399, 110));
 }
 
 // ---- by hand

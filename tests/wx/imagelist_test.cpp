@@ -208,6 +208,8 @@ TEST_F(ImageList, DrawsNothingWhereItCannot)
     const Pixels seen = canvas.Draw([&](IPainter& p) {
         for (const int index : {-1, 1, 2, 1 << 30})
             Each(&p, index, 20);
+        for (const bool normal : {false, true}) // out of sight
+            list.DrawImp(&p, 0, 1 << 24, -(1 << 16), 0, 0, true, normal);
     });
     ExpectAsserts(1, "src/wximagelist:314 GetDisabledImage: m_Elements[index].first.IsOk() / ");
     ExpectSamePixels(untouched, seen, "indexes");

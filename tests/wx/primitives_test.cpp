@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <tuple>
 #include <wx/brush.h>
 #include <wx/image.h>
@@ -23,6 +24,7 @@ constexpr std::uint32_t red = 0xff0000;
 constexpr std::uint32_t blue = 0x0000ff;
 constexpr std::uint32_t yellow = 0xffff00;
 const wxRect nothing;
+constexpr double inf = std::numeric_limits<double>::infinity();
 
 enum Surface
 {
@@ -116,6 +118,9 @@ struct Row
 };
 
 const point<double> star[] = {{50, 10}, {74, 84}, {11, 38}, {89, 38}, {26, 84}};
+const point<double> across[] = {{-inf, 50}, {100, 50}, {1e9, 50}, {std::nan(""), 50}, {-1e7, 50}};
+const point<double> slope[] = {{10, 5}, {65636, 65631}, {65636, 5}};
+const point<double> band[] = {{-65436, 20}, {65636, 20}, {65636, 30}, {-65436, 30}};
 const point<double> hook[] = {{0, 0}, {0, 10}, {20, 10}, {40, 10}, {60, 10}};
 
 // clang-format off
@@ -160,6 +165,25 @@ const Row rows[] = {
     {"SetPixelWithoutColour", [](CwxPainter& p) { EXPECT_EQ(clRed, p.SetPixel(20, 20, _color::none())); },
         {20, 20, 1, 1}, {{20, 20, red}}},
     {"SemiFillRect", [](CwxPainter& p) { p.SemiFillRect(0, 0, 400, 300, _color(255, 255, 255, 128)); }, nothing, {}},
+    // What X cannot hold: 16 bits and more.
+    {"FillAll",     [](CwxPainter& p) { p.FillRect(-inf, -inf, inf, inf); }, {0, 0, 400, 300}, {{0, 0, blue}, {399, 299, blue}, {200, 150, blue}}},
+    {"FillAcross",  [](CwxPainter& p) { p.FillRect(-40000, 0, 40000, 30); }, {0, 0, 400, 30}, {{0, 0, blue}}},
+    {"FillPastTheEnd", [](CwxPainter& p) { p.FillRect(10, 20, 65546, 30); p.FillRect(30, 65566, 40, 10); }, {10, 10, 390, 290}, {{399, 25, blue}, {30, 299, blue}}},
+    {"FarRectangles", [](CwxPainter& p) { p.Rectangle(-65536, 10, 65546, 40); p.FocusRect(65536, 65536, 65566, 65566);
+        p.Ellipse(65546, 10, 65566, 30); p.RoundRect(65546, 10, 65566, 30, 3, 3); p.Pie(65546, 10, 65566, 30, 0, 900); }, {0, 10, 400, 30},
+        {{0, 10, red}, {10, 39, red}, {0, 11, blue}, {10, 38, blue}}},
+    {"LineAcross",  [](CwxPainter& p) { p.MoveTo(10, 5); p.LineTo(65636, 65631); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
+    {"LinesAcross", [](CwxPainter& p) { p.PolyLine(slope, 3); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
+    {"SplineAcross", [](CwxPainter& p) { p.PolyBezier(across, 5); }, {0, 50, 400, 1}, {}},
+    {"SplineFar",   [](CwxPainter& p) { const point<double> peak[] = {{100, 300400}, {200, -1e5}, {300, 300400}}; p.PolyBezier(peak, 3); },
+        {198, 100, 5, 200}, {{200, 100, red}, {200, 150, ground}}}, // a parabola
+    {"PolygonAcross", [](CwxPainter& p) { p.Polygon(band, 4); }, {0, 20, 400, 11}, {{0, 20, red}, {200, 30, red}, {0, 25, blue}, {399, 25, blue}}},
+    {"GradientAcross", [](CwxPainter& p) { p.GradientH(-1e6, 10, 1e6 + 400, 60, clYellow, clBlue); }, {0, 10, 400, 50}, {{200, 30, 0x80807f}}},
+    {"TwoTurns",    [](CwxPainter& p) { p.Pie(10, 10, 90, 60, 0, 7200); }, {10, 10, 81, 51}, {{80, 26, blue}}},
+    {"ElsewhereByFar", [](CwxPainter& p) { const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6);
+        for (const double at : {65566.0, 4194334.0, -4294967266.0}) { p.SetPixel(at, 20, clYellow); p.DrawString(at, 20, "x");
+        p.DrawRasterPicture(sample.Get(), at, 20, at + 8, 26); p.AlphaBlend(at, 20, 0, 0, sample.Get(), 0); p.ExtractRasterPicture(sample.Get(), at, 0, at + 8, 6);
+        p.SetClipRect(0, 0, at + 1e7, 70000); } EXPECT_EQ(ColourOf(0, 0), ReadPixels(sample->GetBitmap()).At(0, 0)); p.CancelClipping(); }, nothing, {}},
     {"NoPictures", [](CwxPainter& p) { unsigned char transparency = 0;
         p.DrawRasterPicture(nullptr, 0, 0, 9, 9); p.DrawRasterPictureEx(nullptr, {0, 0, 5, 5}, {0, 0, 5, 5});
         p.ExtractRasterPicture(nullptr, 0, 0, 9, 9); p.ExtractRasterPictureEx(nullptr, {0, 0, 5, 5}, {0, 0, 5, 5});
@@ -210,7 +234,9 @@ TEST_P(Drawing, ClipsInsideOrOutside)
         return out.CountColour(out.Bounds(), blue);
     };
     EXPECT_EQ(100 * 100 - 20 * 20, countWithout(10, 30));
+    EXPECT_EQ(100 * 100 - 20 * 20, countWithout(30, 10));
     EXPECT_EQ(0, countWithout(0, 2000));
+    EXPECT_EQ(0, countWithout(-70000, 70000));
 }
 
 // ---- text
@@ -291,6 +317,10 @@ TEST_P(Drawing, PicturesAreDrawnInPartAndNeverStretched)
     const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6);
     ExpectSampleAt(Draw([&](CwxPainter& p) { p.DrawRasterPicture(sample.Get(), 20, 30, 25, 34); }, true),
                    wxRect(20, 30, 5, 4), 0, 0);
+    sample->SetSize({4, 9}); // what callers see
+    ExpectSampleAt(Draw([&](CwxPainter& p) { p.DrawRasterPicture(sample.Get(), 20, 30, 28, 36); }),
+                   wxRect(20, 30, 4, 6), 0, 0);
+    sample->SetSize({8, 6});
     const auto part = [&](CwxPainter& p) {
         p.DrawRasterPictureEx(sample.Get(), {2, 1, 3, 2}, {40, 50, 45, 54});
     };
@@ -350,6 +380,11 @@ TEST_P(Drawing, BlendsByTransparency)
     };
     ExpectSampleAt(Draw(byPixel, true), wxRect(25, 32, 1, 1), 5, 2);
     ExpectSampleAt(blend(0), wxRect(20, 30, 8, 6), 0, 0);
+    sample->SetSize({5, 20}); // what callers count by
+    transparencies.assign(100, 255);
+    transparencies[2 * 5 + 4] = 0;
+    ExpectSampleAt(Draw(byPixel), wxRect(24, 32, 1, 1), 4, 2);
+    ExpectSampleAt(blend(0), wxRect(20, 30, 5, 6), 0, 0);
 }
 
 TEST_P(Drawing, XPMIsShortenedNeverShifted)
@@ -375,11 +410,17 @@ TEST_P(Drawing, XPMIsShortenedNeverShifted)
         {0, 0, 5, 5, 1.5, {7, 7}, {7, 7}},
         {16, 0, -1, -1, 1.0, {0, 0}, natural},
         {0, 0, -1, -1, std::nan(""), natural, natural},
-        {0, 0, -1, -1, 1e9, {0, 0}, natural}, // no such picture
+        {0, 0, -1, -1, 1e9, {0, 0}, natural},             // no such picture
+        {2, 2, -1, -1, 1000, {300, 250}, {14000, 14000}}, // of a very large one, what can be seen
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.cx << ' ' << c.cy << ' ' << c.w << ' ' << c.h << ' ' << c.scale);
-        const wxImage image = wxImage(lines.data()).Scale(c.image.x, c.image.y, wxIMAGE_QUALITY_NORMAL);
+        wxImage image(lines.data());
+        if (c.scale == 1000)
+            image =
+                image.GetSubImage(wxRect(0, 0, 1, 1)).Scale(c.drawn.x, c.drawn.y); // a corner of one pixel
+        else
+            image = image.Scale(c.image.x, c.image.y, wxIMAGE_QUALITY_NORMAL);
         wxImage expected(400, 300);
         expected.SetRGB(wxRect(0, 0, 400, 300), Byte(ground, 16), Byte(ground, 8), Byte(ground, 0));
         for (int y = 0; y < c.drawn.y; ++y)

@@ -17,6 +17,7 @@
 #include <wx/settings.h>
 
 #include <thread>
+#include <vector>
 
 namespace vela7 {
 namespace {
@@ -158,6 +159,8 @@ TEST_F(System, RegisteredCursorsArePlaceholders)
     EXPECT_TRUE(mouse.RegisterCursor(100, 16, 16, bits, bits, 3, 3));
     EXPECT_TRUE(mouse.RegisterCursor(3, 16, 16, bits, bits, 0, 0));
     EXPECT_TRUE(mouse.RegisterCursor(101, 0, -5, nullptr, nullptr, 0, 0));
+    const std::vector<unsigned char> wide(5000); // no picture of this width can be made
+    EXPECT_TRUE(mouse.RegisterCursor(102, 40000, 1, wide.data(), wide.data(), 0, 0));
     EXPECT_FALSE(GetUserCursor(100).IsOk());
     EXPECT_FALSE(GetCursorById(100).IsOk());
     EXPECT_EQ(CursorType(wxCursor(wxCURSOR_IBEAM)), CursorType(GetCursorById(3))); // cannot be overridden

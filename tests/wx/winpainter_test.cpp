@@ -11,6 +11,8 @@
 #include <wx/pen.h>
 #include <wx/settings.h>
 
+#include <climits>
+#include <tuple>
 #include <vector>
 
 namespace vela7 {
@@ -81,6 +83,19 @@ TEST_F(Painter, PensAndBrushesByStyle)
             }
             EXPECT_EQ(expected, Dc().GetPen()) << style << " width " << width;
         }
+    // X holds dashes of 255 pixels at most, in the longest of a pattern.
+    const std::tuple<int, int, wxPenStyle> wide[] = {{psDot, 255, wxPENSTYLE_DOT},
+                                                     {psDot, 256, wxPENSTYLE_SOLID},
+                                                     {psDash, 127, wxPENSTYLE_SHORT_DASH},
+                                                     {psDash, 128, wxPENSTYLE_SOLID},
+                                                     {psDashDot, 85, wxPENSTYLE_DOT_DASH},
+                                                     {psDashDot, 86, wxPENSTYLE_SOLID},
+                                                     {psAlternate, 1 << 30, wxPENSTYLE_SOLID}};
+    for (const auto& [style, width, expected] : wide) {
+        painter->SetPen(pen{clRed, width, style});
+        EXPECT_EQ(expected, Dc().GetPen().GetStyle()) << style << " width " << width;
+        painter->LineTo(50, 50);
+    }
     const wxBrushStyle brushes[] = {
         wxBRUSHSTYLE_TRANSPARENT,     wxBRUSHSTYLE_SOLID,           wxBRUSHSTYLE_HORIZONTAL_HATCH,
         wxBRUSHSTYLE_VERTICAL_HATCH,  wxBRUSHSTYLE_CROSS_HATCH,     wxBRUSHSTYLE_BDIAGONAL_HATCH,
@@ -222,6 +237,23 @@ TEST_F(Painter, ScrollMovesTheInclusiveRectangleOfTheBuffer)
     const Pixels p = ReadPixels(frame);
     EXPECT_EQ(16, p.CountColour(wxRect(30, 15, 4, 4), blue));
     EXPECT_EQ(32, p.CountColour(p.Bounds(), blue)); // the source stays
+    for (const int far : {INT_MIN, -40000, 40000, INT_MAX})
+        painter->ScrollContent(0, far, INT_MIN, 0, 400, 300);
+    painter->ScrollContent(-30, -15, INT_MIN, INT_MIN, INT_MAX, INT_MAX);
+    const wxBitmap* const buffer = CDrawBufferManager::Get().GetExistingBuffer(painter.get(), 1, 1, 1.0);
+    EXPECT_EQ(wxSize(400, 300), buffer->GetSize());
+    EXPECT_EQ(16, ReadPixels(*buffer).CountColour(wxRect(0, 0, 4, 4), blue));
+}
+
+TEST_F(Painter, NoBufferIsLargerThanAPixmap)
+{
+    auto* const child = new wxWindow(frame, wxID_ANY, wxPoint(0, 0), wxSize(40000, 10));
+    CwxWinPainter wide(child);
+    for (const StdSettings settings : {ssBuffered, ssAsIs}) {
+        const CPaintScope scope(wide, settings);
+        EXPECT_EQ(settings == ssAsIs, scope.IsOk());
+        wide.FillRect(0, 0, 40000, 10);
+    }
 }
 
 TEST_F(Painter, OutlivesItsWindow)
@@ -230,8 +262,19 @@ TEST_F(Painter, OutlivesItsWindow)
     child->SetSize(0, 0, 0, 0); // paints buffered all the same
     CwxWinPainter orphan(child);
     EXPECT_TRUE(orphan.BeginPaint(ssBuffered));
+    orphan.EndPaint();
+    EXPECT_TRUE(orphan.BeginPaint(ssAsIs));
+    child->Reparent(new wxWindow(frame, wxID_ANY)); // takes from it what it was drawn on
+    EXPECT_EQ(nullptr, orphan.GetDC());
+    orphan.EndPaint();
+    EXPECT_TRUE(orphan.BeginPaint(ssAsIs));
     child->Destroy();
+    EXPECT_EQ(nullptr, orphan.GetDC());
     orphan.FillRect(0, 0, 10, 10);
+    orphan.SetFont(font());
+    orphan.DrawString(1, 1, "text");
+    orphan.DrawControlElement(cePushButton, 0, 0, 10, 10, 0);
+    EXPECT_EQ(size<double>(), orphan.GetTextSize("text"));
     orphan.EndPaint();
     EXPECT_FALSE(orphan.BeginPaint(ssClear));
     orphan.FillRect(0, 0, 10, 10);

@@ -23,14 +23,16 @@ namespace vela7 {
 
 class ISysPalette;
 
-enum BkMode
+// Codes beside those that have names may be handed in; each operation says what they do.
+
+enum BkMode : int
 {
     bkTransparent = 0,
     bkOpaque = 1
 };
 
 // clang-format off
-enum RasterOperation
+enum RasterOperation : int
 {
     roCopy       =  0, roOr        =  1, roXor   =  2, roAndInvert  =  3,
     roSrcInvert  =  4, roOrInvert  =  5, roEquiv =  6, roAnd        =  7,
@@ -38,7 +40,7 @@ enum RasterOperation
     roAndReverse = 12, roOrReverse = 13, roNand  = 14, roNor        = 15
 };
 
-enum ControlElement
+enum ControlElement : int
 {
     ceHeaderButton         = 0,
     ceCheckBoxChecked      = 1,
@@ -83,7 +85,7 @@ using PointStyle = int;
 constexpr PointStyle ptPixel = 0;
 
 /// How a paint starts.
-enum StdSettings
+enum StdSettings : int
 {
     ssClear = 1,    ///< clears to the background colour
     ssBuffered = 2, ///< clears an off-screen buffer, which EndPaint shows in one go
