@@ -8,6 +8,7 @@ namespace table {
 namespace {
 
 constexpr std::uint64_t longestQuoted = std::uint64_t(1) << 20;
+constexpr std::uint64_t mostCounted = std::uint64_t(1) << 20; // cells; in a row that has more, not all are
 
 // Its place; the text's size when it is not there.
 std::size_t Find(std::string_view text, char what)
@@ -85,7 +86,7 @@ std::uint64_t CsvScanner::EndOfRow(std::uint64_t cell, std::uint64_t* cells, con
         if (!Has(line, '"')) { // which is most rows
             const bool whole = line.size() < seen.size();
             const std::size_t last = whole ? line.size() : line.rfind(m_dialect.separator) + 1;
-            if (cells)
+            if (cells && before < mostCounted)
                 before += Count(line.substr(0, last), m_dialect.separator);
             if (whole)
                 return end(stop);

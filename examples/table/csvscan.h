@@ -24,8 +24,9 @@ public:
     }
 
     std::uint64_t SkipBlankLines(std::uint64_t at);
-    /// At the line's end, of a row or from a cell on. cells: adds their number. onCell: hears of some cells
-    /// of long rows on the way, their places and how many cells are before them.
+    /// At the line's end, of a row or from a cell on. cells: adds their number, of rows with very many at
+    /// least a million. onCell: hears of some cells of long rows on the way, their places and how many cells
+    /// are before them.
     using OnCell = std::function<void(std::uint64_t at, std::uint64_t before)>;
     std::uint64_t EndOfRow(std::uint64_t cell, std::uint64_t* cells = nullptr,
                            const OnCell* onCell = nullptr);

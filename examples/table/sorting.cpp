@@ -115,7 +115,7 @@ void SortTask::Worked(int amount)
     if (m_worked < 1 << 16)
         return;
     m_worked = 0;
-    progress = progress + (1.0 - progress) * 0.002;
+    progress = progress + (1.0 - progress) * 0.0005;
     Tick();
 }
 
