@@ -73,11 +73,6 @@ TEST(CsvFile, MakesTheBestOfWhatItGets)
         while (file.IndexSome(1))
             continue;
         EXPECT_EQ(Read(file), c.rows);
-        CsvFile pieces; // of a byte each
-        ASSERT_TRUE(pieces.Open(std::make_unique<MemoryBytes>(c.text, 1)));
-        while (pieces.IndexSome())
-            continue;
-        EXPECT_EQ(Read(pieces), c.rows);
     }
 }
 
@@ -202,9 +197,8 @@ TEST(CsvFile, GivesBackWhatWasWritten)
                 const bool plain = cell.find_first_of(",\"\n") == std::string::npos;
                 text += (plain ? cell : '"' + written + '"') + (&cell == &row.back() ? "\n" : ",");
             }
-        const TempFile temp(text);
         CsvFile file;
-        ASSERT_TRUE(file.Open(temp.path));
+        ASSERT_TRUE(file.Open(std::make_unique<MemoryBytes>(text, 1 + round % 7))); // cut anywhere
         while (file.IndexSome(1 + random() % 100))
             continue;
         ASSERT_EQ(Read(file, &RowReader::Bytes), rows);
