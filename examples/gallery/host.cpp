@@ -31,11 +31,11 @@
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 #include <wx/timer.h>
+#include <wx/wfstream.h>
 
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
-#include <fstream>
 #include <sstream>
 
 bool gallery::DrawElementByHand(vela7::IPainter& painter, vela7::ControlElement element,
@@ -187,9 +187,8 @@ std::string MoveOfTheMouse(const PageSlot& slot)
 }
 
 /// False, and a message, when something is wrong with the recording.
-bool ReplayInto(const PageSlot& slot, std::istream& recording)
+bool WasReplayed(const std::string& wrong)
 {
-    const std::string wrong = gallery::Replay(recording, *slot.window);
     if (!wrong.empty())
         std::fprintf(stderr, "gallery: %s\n", wrong.c_str());
     return wrong.empty();
@@ -208,6 +207,13 @@ wxImage Capture(const wxFrame& frame)
     return bitmap.ConvertToImage();
 }
 
+/// Flushed as well: a full disk may show only then.
+bool WritePicture(const wxImage& picture, const wxString& file)
+{
+    wxFFileOutputStream out(file);
+    return out.IsOk() && picture.SaveFile(out, wxBITMAP_TYPE_PNG) && out.GetFile()->Flush();
+}
+
 bool PaintPage(GalleryFrame& frame, std::size_t index)
 {
     const PageSlot& slot = frame.Slots()[index];
@@ -219,7 +225,7 @@ bool PaintPage(GalleryFrame& frame, std::size_t index)
 
     const int before = slot.paints->Count();
     std::istringstream input(slot.page->WantsSampleInput() ? kSampleInput : MoveOfTheMouse(slot));
-    if (!ReplayInto(slot, input))
+    if (!WasReplayed(gallery::Replay(input, *slot.window)))
         return false;
     slot.page->ShowSample(true);
     return WaitFor("page " + slot.name + " shows its input", [&] { return slot.paints->Count() > before; }) &&
@@ -237,7 +243,7 @@ bool WriteScreenshots(GalleryFrame& frame, const wxString& directory)
     frame.Raise();
     for (std::size_t i = 0; i < frame.Slots().size(); ++i) {
         const wxString file = directory + "/" + wxString(frame.Slots()[i].name).Lower() + ".png";
-        if (!PaintPage(frame, i) || !Capture(frame).SaveFile(file, wxBITMAP_TYPE_PNG)) {
+        if (!PaintPage(frame, i) || !WritePicture(Capture(frame), file)) {
             std::fprintf(stderr, "gallery: could not write %s\n", static_cast<const char*>(file.utf8_str()));
             return false;
         }
@@ -313,10 +319,8 @@ private:
         }
         m_frame->ShowPage(static_cast<std::size_t>(shown - slots.begin()));
         shown->window->SetFocus();
-        if (recording.empty())
-            return true;
-        std::ifstream file(static_cast<const char*>(recording.fn_str()));
-        return ReplayInto(*shown, file);
+        return recording.empty() ||
+               WasReplayed(gallery::ReplayFile(static_cast<const char*>(recording.fn_str()), *shown->window));
     }
 
     GalleryFrame* m_frame = nullptr;

@@ -9,7 +9,6 @@
 
 #include <cmath>
 #include <deque>
-#include <fstream>
 
 namespace gallery {
 
@@ -108,7 +107,7 @@ private:
 
     void PressButton(const point<int>& at);
     void Save();
-    void ReplayFile();
+    void ReplaySaved();
     double DrawTitle(IPainter& painter, const Box& client, const Style& style);
     void DrawButtons(IPainter& painter, const Box& bar, const Style& style);
     void DrawList(IPainter& painter, const Box& area, const Style& style);
@@ -123,7 +122,7 @@ private:
     Recorder m_recorder;
     bool m_replaying = false;
     std::string m_message = "Click, type, scroll, resize: the newest is at the bottom.";
-    Button m_buttons[2] = {{"Replay", &EventsPage::ReplayFile, {}},
+    Button m_buttons[2] = {{"Replay", &EventsPage::ReplaySaved, {}},
                            {"Save", &EventsPage::Save, {}}}; // from the right
     std::deque<Row> m_rows;
     int m_count = 0;
@@ -244,29 +243,23 @@ void EventsPage::PressButton(const point<int>& at)
     for (const Button& button : m_buttons)
         if (!m_replaying && at.x >= button.box.left && at.x < button.box.right && at.y >= button.box.top &&
             at.y < button.box.bottom)
-            (this->*button.action)();
+            return (this->*button.action)(); // the page may be gone with it
 }
 
 void EventsPage::Save()
 {
-    std::ofstream file(kFile);
-    m_recorder.Save(file);
-    file.close();
-    m_message = std::string(file ? "Saved as " : "Cannot write ") + kFile + ".";
+    m_message = std::string(m_recorder.SaveAs(kFile) ? "Saved as " : "Cannot write ") + kFile + ".";
 }
 
-void EventsPage::ReplayFile()
+void EventsPage::ReplaySaved()
 {
     auto* const window = dynamic_cast<CSysWindow*>(&m_window);
-    std::ifstream file(kFile);
-    if (!window || !file) {
-        m_message = std::string("Cannot read ") + kFile + "; save one first.";
+    if (!window)
         return;
-    }
     const CLifeWatch alive = window->WatchLife();
     m_replaying = true;
     m_recorder.Pause(true);
-    const std::string wrong = Replay(file, *window);
+    const std::string wrong = ReplayFile(kFile, *window);
     if (!alive.IsAlive())
         return; // and the page may be gone with it
     m_recorder.Pause(false);

@@ -1,9 +1,14 @@
 #include "recording.h"
 
-#include <istream>
-#include <ostream>
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
+#include <unistd.h>
 #include <variant>
+#include <vector>
 
 namespace gallery {
 
@@ -12,8 +17,11 @@ using namespace vela7;
 namespace {
 
 constexpr char kHead[] = "vela7 events 1";
+constexpr std::size_t kMostRecorded = 100000;
+constexpr int kMostLines = 200000;
+constexpr std::size_t kLongestLine = 255;
 
-using Fields = std::vector<long>;
+using Fields = std::vector<std::int64_t>;
 using MouseHook = void (CSysWindow::*)(CMouseEvent*);
 using WheelHook = void (CSysWindow::*)(CMouseWheelEvent*);
 using KeyHook = void (CSysWindow::*)(CKeyboardEvent*);
@@ -71,32 +79,39 @@ struct Call
     void operator()(DirectionHook hook) const { (window.*hook)(f[0] != 0); }
 };
 
+struct Range
+{
+    std::int64_t least, most;
+};
+
+constexpr Range kPlace{-32768, 32767}, kLength{0, 8192}, kBits{0, UINT32_MAX}, kByte{0, 255}, kFlag{0, 1};
+
 struct Row
 {
     const char* name;
-    std::size_t fields;
+    std::vector<Range> fields;
     std::variant<MouseHook, WheelHook, KeyHook, PlaceHook, MenuHook, PlainHook, DirectionHook> hook;
 };
 
 // clang-format off
 const Row kRows[] = {
-    {"press",          4, &CSysWindow::ProcessMousePress},
-    {"release",        4, &CSysWindow::ProcessMouseRelease},
-    {"double-click",   4, &CSysWindow::ProcessMouseDoubleClick},
-    {"move",           4, &CSysWindow::ProcessMouseMove},
-    {"enter",          4, &CSysWindow::ProcessEnter},
-    {"leave",          4, &CSysWindow::ProcessLeave},
-    {"wheel",          5, &CSysWindow::ProcessWheel},
-    {"key-press",      3, &CSysWindow::ProcessKeyPress},
-    {"key-release",    3, &CSysWindow::ProcessKeyRelease},
-    {"char",           3, &CSysWindow::ProcessChar},
-    {"get-focus",      0, &CSysWindow::ProcessGetFocus},
-    {"release-focus",  0, &CSysWindow::ProcessReleaseFocus},
-    {"colors-changed", 0, &CSysWindow::ProcessSysColorChanged},
-    {"moved",          2, &CSysWindow::ProcessMove},
-    {"resized",        2, &CSysWindow::ProcessResize},
-    {"context-menu",   2, &CSysWindow::ProcessContextMenu},
-    {"tab-traversal",  1, &CSysWindow::CircuitTabTraversal},
+    {"press",          {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMousePress},
+    {"release",        {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMouseRelease},
+    {"double-click",   {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMouseDoubleClick},
+    {"move",           {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMouseMove},
+    {"enter",          {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessEnter},
+    {"leave",          {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessLeave},
+    {"wheel",          {kPlace, kPlace, kBits, kBits, kPlace}, &CSysWindow::ProcessWheel},
+    {"key-press",      {kBits, kBits, kByte},                  &CSysWindow::ProcessKeyPress},
+    {"key-release",    {kBits, kBits, kByte},                  &CSysWindow::ProcessKeyRelease},
+    {"char",           {kBits, kBits, kByte},                  &CSysWindow::ProcessChar},
+    {"get-focus",      {},                                     &CSysWindow::ProcessGetFocus},
+    {"release-focus",  {},                                     &CSysWindow::ProcessReleaseFocus},
+    {"colors-changed", {},                                     &CSysWindow::ProcessSysColorChanged},
+    {"moved",          {kPlace, kPlace},                       &CSysWindow::ProcessMove},
+    {"resized",        {kLength, kLength},                     &CSysWindow::ProcessResize},
+    {"context-menu",   {kPlace, kPlace},                       &CSysWindow::ProcessContextMenu},
+    {"tab-traversal",  {kFlag},                                &CSysWindow::CircuitTabTraversal},
 };
 // clang-format on
 
@@ -132,6 +147,14 @@ void ReplayLine(const Row& row, const Fields& fields, CSysWindow& window)
         std::visit(Call{window, fields}, row.hook);
 }
 
+// For messages.
+std::string Printable(std::string text)
+{
+    for (char& c : text)
+        c = std::isprint(static_cast<unsigned char>(c)) ? c : '?';
+    return text;
+}
+
 // Empty, or what is wrong.
 std::string Parse(const std::string& line, const Row*& row, Fields& fields)
 {
@@ -140,14 +163,31 @@ std::string Parse(const std::string& line, const Row*& row, Fields& fields)
     words >> name;
     row = Find(name);
     if (!row)
-        return "unknown record '" + name + "'";
-    for (long value; words >> value;)
+        return "unknown record '" + Printable(name) + "'";
+    for (std::int64_t value; words >> value;)
         fields.push_back(value);
     if (!words.eof())
         return "a field is not a number";
-    if (fields.size() != row->fields)
-        return name + " has " + std::to_string(row->fields) + " fields, not " + std::to_string(fields.size());
+    if (fields.size() != row->fields.size())
+        return name + " has " + std::to_string(row->fields.size()) + " fields, not " +
+               std::to_string(fields.size());
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const Range& range = row->fields[i];
+        if (fields[i] < range.least || fields[i] > range.most)
+            return std::to_string(fields[i]) + " is not in " + std::to_string(range.least) + ".." +
+                   std::to_string(range.most);
+    }
     return {};
+}
+
+// Empty, or what is wrong; at the end, nothing is, and the stream has failed.
+std::string ReadLine(std::istream& in, std::string& line)
+{
+    char text[kLongestLine + 1];
+    in.getline(text, sizeof text);
+    const auto got = std::size_t(in.gcount());
+    line.assign(text, in.fail() || in.eof() ? got : got - 1); // else the newline is among them
+    return in.fail() && got > 0 ? "the line is too long" : "";
 }
 
 std::string InLine(int number, const std::string& what)
@@ -171,24 +211,30 @@ Recorder::Recorder(ISysWindow& window)
     listen(static_cast<IContextMenuNotify*>(this), typeid(IContextMenuNotify));
 }
 
-void Recorder::Add(const char* name, std::initializer_list<long> fields)
+void Recorder::Add(const char* name, std::initializer_list<std::int64_t> fields)
 {
     if (m_paused)
         return;
     std::string line = name;
-    for (const long field : fields)
+    for (const std::int64_t field : fields)
         line += ' ' + std::to_string(field);
     m_lines.push_back(line);
+    if (m_lines.size() <= kMostRecorded)
+        return;
+    if (m_lines.front().rfind("resized ", 0) == 0)
+        m_size = m_lines.front() + '\n';
+    m_lines.pop_front();
+    ++m_dropped;
 }
 
 void Recorder::AddMouse(const char* name, const CMouseEvent& e)
 {
-    Add(name, {e.position.x, e.position.y, long(e.state), long(e.button)});
+    Add(name, {e.position.x, e.position.y, e.state, e.button});
 }
 
 void Recorder::AddKey(const char* name, const CKeyboardEvent& e)
 {
-    Add(name, {long(e.state), long(e.key), e.character});
+    Add(name, {e.state, e.key, e.character});
 }
 
 // clang-format off
@@ -212,33 +258,70 @@ void Recorder::OnContextMenu(CContextMenuEvent* e)  { Add("context-menu", {e->po
 
 void Recorder::OnMouseWheel(CMouseWheelEvent* e)
 {
-    Add("wheel", {e->position.x, e->position.y, long(e->state), long(e->button), e->delta});
+    Add("wheel", {e->position.x, e->position.y, e->state, e->button, e->delta});
 }
 
 void Recorder::Save(std::ostream& out) const
 {
     out << kHead << '\n';
+    if (m_dropped > 0)
+        out << "# " << m_dropped << " earlier records were dropped\n" << m_size;
     for (const std::string& line : m_lines)
         out << line << '\n';
+}
+
+// Beside it and then in its place.
+bool Recorder::SaveAs(const std::string& path) const
+{
+    std::ostringstream out;
+    Save(out);
+    const std::string text = out.str();
+    std::string beside = path + ".XXXXXX";
+    const int file = mkstemp(beside.data());
+    if (file < 0)
+        return false;
+    std::size_t written = 0;
+    for (ssize_t more = 1; more > 0 && written < text.size();
+         written += std::size_t(std::max<ssize_t>(more, 0)))
+        more = write(file, text.data() + written, text.size() - written);
+    const bool closed = close(file) == 0;
+    if (closed && written == text.size() && std::rename(beside.c_str(), path.c_str()) == 0)
+        return true;
+    unlink(beside.c_str());
+    return false;
 }
 
 std::string Replay(std::istream& recording, CSysWindow& window)
 {
     const CLifeWatch alive = window.WatchLife();
     std::string line;
-    if (!std::getline(recording, line) || line != kHead)
+    if (!ReadLine(recording, line).empty() || line != kHead)
         return InLine(1, std::string("not a recording: it does not begin with '") + kHead + "'");
-    for (int number = 2; alive.IsAlive() && std::getline(recording, line); ++number) {
-        if (line.empty() || line[0] == '#')
-            continue;
+    for (int number = 2; alive.IsAlive(); ++number) {
+        std::string wrong = ReadLine(recording, line);
+        if (wrong.empty() && !recording)
+            break;
+        if (number > kMostLines)
+            wrong = "the recording is too long";
         const Row* row = nullptr;
         Fields fields;
-        const std::string wrong = Parse(line, row, fields);
+        if (wrong.empty() && !line.empty() && line[0] != '#')
+            wrong = Parse(line, row, fields);
         if (!wrong.empty())
             return InLine(number, wrong);
-        ReplayLine(*row, fields, window);
+        if (row)
+            ReplayLine(*row, fields, window);
     }
     return {};
+}
+
+std::string ReplayFile(const std::string& path, CSysWindow& window)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        return path + ": " + (error ? error.message() : "not an ordinary file");
+    std::ifstream file(path);
+    return file ? Replay(file, window) : path + ": cannot be read";
 }
 
 } // namespace gallery

@@ -12,20 +12,24 @@
 ///     context-menu                                  x y
 ///     tab-traversal                                 forward (1 or 0)
 ///
-/// Fields have the meaning and the units of the event records. passOn and allowNavigation are what listeners
-/// make of them, so they are not recorded; painting is not either.
+/// Fields have the meaning and the units of the event records. Coordinates and lines are -32768..32767, which
+/// is what a display has, widths and heights 0..8192. A line has at most 255 bytes, a recording 200,000
+/// lines. passOn and allowNavigation are what listeners make of them, so they are not recorded; painting is
+/// not either.
 #pragma once
 
 #include "vela7/notify.h"
 #include "vela7/window.h"
 
+#include <cstdint>
+#include <deque>
 #include <iosfwd>
 #include <string>
-#include <vector>
 
 namespace gallery {
 
-/// Writes down what a window receives, for as long as it lives; the window may die first.
+/// Writes down what a window receives, for as long as it lives: the last 100,000 records. The window may die
+/// first.
 class Recorder : vela7::CSubscriber<vela7::IMouseNotify>,
                  vela7::CSubscriber<vela7::IKeyboardNotify>,
                  vela7::CSubscriber<vela7::IFocusNotify>,
@@ -39,7 +43,11 @@ public:
 
     /// Paused, it writes nothing down.
     void Pause(bool pause) { m_paused = pause; }
+    /// A comment tells of earlier records that were dropped; the last size among them is kept.
     void Save(std::ostream& out) const;
+    /// A new file, for the user alone, in the place of what has that name: what a link points to stays as it
+    /// is. False: it cannot be written, and nothing has changed.
+    bool SaveAs(const std::string& path) const;
 
 private:
     void OnMousePress(vela7::CMouseEvent* event) override;
@@ -60,17 +68,22 @@ private:
     void OnTabTraversal(vela7::CKeyboardEvent* event) override;
     void OnContextMenu(vela7::CContextMenuEvent* event) override;
 
-    void Add(const char* name, std::initializer_list<long> fields);
+    void Add(const char* name, std::initializer_list<std::int64_t> fields);
     void AddMouse(const char* name, const vela7::CMouseEvent& event);
     void AddKey(const char* name, const vela7::CKeyboardEvent& event);
 
     bool m_paused = false;
-    std::vector<std::string> m_lines;
+    std::deque<std::string> m_lines;
+    std::string m_size; // the last one that was dropped
+    std::uint64_t m_dropped = 0;
 };
 
 /// Gives a window what a recording says, in order, through the hooks that a back-end calls. Ends early when
 /// the window is destroyed by it. Empty when all went well, else what is wrong with which line; the lines
-/// before it have been replayed.
+/// before it have been replayed. Needs no display: any bytes may be tried in a std::istringstream on a window
+/// that is none.
 std::string Replay(std::istream& recording, vela7::CSysWindow& window);
+/// The same from an ordinary file; from a pipe or a device somebody could go on writing for ever.
+std::string ReplayFile(const std::string& path, vela7::CSysWindow& window);
 
 } // namespace gallery

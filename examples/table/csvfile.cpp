@@ -1,284 +1,171 @@
 #include "csvfile.h"
 
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "utf8.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
+#include <limits>
 
 namespace table {
 
 namespace {
 
 constexpr std::uint32_t rowsPerBlock = 32;
-constexpr std::size_t longestQuoted = std::size_t(1) << 20;
+constexpr std::uint64_t far = std::uint64_t(1) << 20; // between places that are kept
+constexpr std::size_t sniffed = std::size_t(1) << 20;
 constexpr int mostColumns = 1024;
-
-const char* Find(const char* from, const char* to, char what)
-{
-    const void* const found = from < to ? std::memchr(from, what, std::size_t(to - from)) : nullptr;
-    return found ? static_cast<const char*>(found) : to;
-}
-
-// Behind the quote that closes the cell; null when there is none near enough.
-const char* BehindClosingQuote(const char* opening, const char* end)
-{
-    const char* const last = opening + std::min<std::size_t>(longestQuoted, std::size_t(end - opening));
-    for (const char* at = opening + 1;; at += 2) {
-        at = Find(at, last, '"');
-        if (at == last)
-            return nullptr;
-        if (at + 1 == end || at[1] != '"')
-            return at + 1;
-    }
-}
-
-// The length of the UTF-8 sequence at the beginning of the text; 0 when it is none.
-std::size_t SequenceLength(std::string_view text)
-{
-    constexpr std::uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
-    std::uint32_t code = static_cast<unsigned char>(text[0]);
-    const std::size_t length = code < 0x80 ? 1 : code < 0xc0 ? 0 : code < 0xe0 ? 2 : code < 0xf0 ? 3 : 4;
-    if (length < 2 || length > text.size())
-        return length == 1;
-    code &= 0x7fu >> length;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((text[i] & 0xc0) != 0x80)
-            return 0;
-        code = code << 6 | (text[i] & 0x3f);
-    }
-    return code < least[length] || (code >= 0xd800 && code < 0xe000) || code > 0x10ffff ? 0 : length;
-}
-
-bool IsControl(unsigned char byte)
-{
-    return byte < 0x20 || byte == 0x7f;
-}
 
 } // namespace
 
 // ---- the file
 
-CsvFile::~CsvFile()
+bool CsvFile::Fail(const std::string& why)
 {
-    if (m_map)
-        munmap(const_cast<char*>(m_map), m_size);
-    if (m_file >= 0)
-        close(m_file);
+    m_error += why;
+    m_scan.reset();
+    return false;
 }
 
-bool CsvFile::Open(const std::string& path)
+bool CsvFile::Open(const std::string& path, std::function<void()> onRead)
 {
-    const auto fail = [&](const std::string& why) {
-        m_error = path + ": " + why;
+    std::string why;
+    auto bytes = OpenFile(path, why);
+    m_error = path + ": ";
+    if (!bytes)
+        return Fail(why);
+    if (!Open(std::move(bytes), std::move(onRead)))
         return false;
-    };
-    m_file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a pipe without writer must not block
-    struct stat info = {};
-    if (m_file < 0 || fstat(m_file, &info) != 0)
-        return fail(std::strerror(errno));
-    if (S_ISDIR(info.st_mode))
-        return fail("This is a directory, not a file");
-    if (!S_ISREG(info.st_mode))
-        return fail("This is not an ordinary file");
-    if (info.st_size == 0)
-        return fail("The file is empty");
-    m_size = static_cast<std::size_t>(info.st_size);
-    void* const map = mmap(nullptr, m_size, PROT_READ, MAP_PRIVATE, m_file, 0);
-    if (map == MAP_FAILED)
-        return fail(std::strerror(errno));
-    m_map = m_begin = static_cast<const char*>(map);
-    m_end = m_map + m_size;
-    const std::string_view start(m_map, std::min<std::size_t>(m_size, 3));
-    if (start.substr(0, 2) == "\xff\xfe" || start.substr(0, 2) == "\xfe\xff")
-        return fail("The file is encoded in UTF-16; save it as UTF-8");
-    if (start == "\xef\xbb\xbf")
-        m_begin += 3;
-    Sniff();
-    m_next = SkipBlankLines(m_begin);
-    return m_next < m_end || fail("The file has no text in it");
+    m_error.clear();
+    return true;
 }
 
-void CsvFile::Sniff()
+bool CsvFile::Open(std::unique_ptr<ByteSource> bytes, std::function<void()> onRead)
 {
-    const char* const end = m_begin + std::min<std::size_t>(std::size_t(m_end - m_begin), 1 << 16);
-    if (Find(m_begin, end, '\n') == end && Find(m_begin, end, '\r') != end)
-        m_newline = '\r';
-    int best = 0;
-    for (const char candidate : {',', ';', '\t'}) {
-        const char before = m_separator;
-        int cells = 0;
-        m_separator = candidate;
-        EndOfRow(SkipBlankLines(m_begin), &cells);
-        if (cells <= best)
-            m_separator = before;
-        best = std::max(best, cells);
+    m_bytes = std::move(bytes);
+    std::uint64_t begin = 0; // behind the byte order mark
+    {
+        ByteWindow window(*m_bytes, onRead);
+        const std::string_view start = window.From(0, 3).substr(0, 3);
+        if (start.substr(0, 2) == "\xff\xfe" || start.substr(0, 2) == "\xfe\xff")
+            return Fail("The file is encoded in UTF-16; save it as UTF-8");
+        if (start == "\xef\xbb\xbf")
+            begin = 3;
+        m_dialect = Sniff(window.From(begin, sniffed).substr(0, sniffed));
     }
-}
-
-bool CsvFile::IsIntact() const
-{
-    struct stat info = {};
-    return fstat(m_file, &info) == 0 && static_cast<std::size_t>(info.st_size) >= m_size;
-}
-
-void CsvFile::Release() const
-{
-    madvise(const_cast<char*>(m_map), m_size, MADV_DONTNEED);
+    m_scan = std::make_unique<CsvScanner>(*m_bytes, m_dialect, std::move(onRead));
+    m_next = m_scan->SkipBlankLines(begin);
+    return m_next < m_bytes->Size() || Fail("The file has no text in it");
 }
 
 bool CsvFile::IndexSome(std::size_t bytes)
 {
-    if (!m_error.empty() || m_next == m_end)
+    if (!m_scan)
         return false;
-    if (!IsIntact()) {
-        m_error = "The file was shortened while it was read";
-        return false;
-    }
-    const char* const stop = m_next + std::min(bytes, std::size_t(m_end - m_next));
-    while (m_next < stop) {
-        if (m_rows == UINT32_MAX) {
-            m_error = "The file has too many rows";
-            return false;
-        }
+    const CsvScanner::OnCell keep = [this](std::uint64_t at, std::uint64_t before) { Keep(at, before); };
+    const std::uint64_t size = m_bytes->Size();
+    const std::uint64_t stop = m_next + std::min<std::uint64_t>(bytes, size - m_next);
+    while (m_next < stop && !m_scan->IsLost()) {
+        if (m_rows == std::numeric_limits<std::uint32_t>::max())
+            return Fail("The file has too many rows");
         if (m_rows % rowsPerBlock == 0)
-            m_blocks.push_back(std::uint64_t(m_next - m_map));
+            m_blocks.push_back(m_kept = m_next);
+        else
+            Keep(m_next, 0);
+        std::uint64_t cells = 0;
+        m_next = m_scan->SkipBlankLines(m_scan->EndOfRow(m_next, &cells, &keep));
+        m_columns = int(std::max<std::uint64_t>(m_columns, std::min<std::uint64_t>(cells, mostColumns)));
         ++m_rows;
-        int cells = 0;
-        m_next = SkipBlankLines(EndOfRow(m_next, &cells));
-        m_columns = std::max(m_columns, std::min(cells, mostColumns));
     }
-    Release();
-    return m_next < m_end;
+    if (m_bytes->Now() == ByteSource::State::shortened)
+        return Fail("The file was shortened while it was read");
+    if (m_scan->IsLost())
+        return Fail("The file could not be read to its end");
+    if (m_next == size)
+        m_scan.reset();
+    return m_next < size;
 }
 
-// ---- the grammar
-
-const char* CsvFile::SkipBlankLines(const char* at) const
+// Where a cell of the row begins that is being indexed, if the last place kept is far away.
+void CsvFile::Keep(std::uint64_t at, std::uint64_t column)
 {
-    while (at < m_end && (*at == m_newline || (*at == '\r' && at + 1 < m_end && at[1] == '\n')))
-        ++at;
-    return at;
+    if (at - m_kept >= far && column < mostColumns) {
+        m_marks.push_back({at, m_rows, int(column)});
+        m_kept = at;
+    }
 }
 
-// At the line's end. cells: counts them.
-const char* CsvFile::EndOfRow(const char* row, int* cells) const
+// The last place kept that is not behind a cell.
+CsvFile::Place CsvFile::LastBefore(std::uint32_t row, int column) const
 {
-    const char* const end = Find(row, m_end, m_newline);
-    if (Find(row, end, '"') == end) { // which is most rows
-        if (cells)
-            *cells = 1 + static_cast<int>(std::count(row, end, m_separator));
-        return end;
-    }
-    int count = 1;
-    const char* at = EndOfCell(row);
-    for (; at < m_end && *at == m_separator; ++count)
-        at = EndOfCell(at + 1);
-    if (cells)
-        *cells = count;
-    return at;
-}
-
-// At the separator or at the line's end.
-const char* CsvFile::EndOfCell(const char* cell) const
-{
-    const char* at = cell;
-    if (at < m_end && *at == '"')
-        if (const char* const behind = BehindClosingQuote(at, m_end))
-            at = behind;
-    for (;;) { // by pieces: the next separator may be far beyond the line's end
-        const char* const stop = at + std::min<std::size_t>(4096, std::size_t(m_end - at));
-        at = Find(at, Find(at, stop, m_separator), m_newline);
-        if (at != stop || stop == m_end)
-            return at;
-    }
+    const std::uint32_t block = row / rowsPerBlock;
+    const Place place{m_blocks[block], block * rowsPerBlock, 0};
+    if (m_marks.empty())
+        return place;
+    const auto behind =
+        std::upper_bound(m_marks.begin(), m_marks.end(), row, [&](std::uint32_t wanted, const Place& mark) {
+            return mark.row != wanted ? mark.row > wanted : mark.column > column;
+        });
+    return behind != m_marks.begin() && behind[-1].at > place.at ? behind[-1] : place;
 }
 
 // ---- reading
 
 bool RowReader::Go(std::uint32_t row)
 {
-    const std::uint64_t wanted = row == header ? 0 : std::uint64_t(row) + 1;
-    const std::uint64_t block = wanted / rowsPerBlock;
-    const bool onwards = m_row && wanted >= m_number && block == m_number / rowsPerBlock;
-    if (wanted >= m_file->m_rows || (!onwards && !m_file->IsIntact())) {
-        m_row = m_cell = nullptr;
-        return false;
+    const std::uint32_t wanted = row + 1; // 0 for the header
+    m_scan.ForgetLoss();
+    if (wanted >= m_file->m_rows)
+        return m_there = false;
+    CsvFile::Place start = m_file->LastBefore(wanted, 0);
+    if (m_there && m_cell.row <= wanted && m_cell.at > start.at)
+        start = m_cell;
+    if (start.row < wanted || !m_there || m_cell.row != wanted) {
+        for (; start.row < wanted; ++start.row)
+            start.at = m_scan.SkipBlankLines(m_scan.EndOfRow(start.at));
+        m_row = start.at;
     }
-    if (!onwards) {
-        m_number = block * rowsPerBlock;
-        m_row = m_file->m_map + m_file->m_blocks[block];
-    }
-    for (; m_number < wanted; ++m_number)
-        m_row = m_file->SkipBlankLines(m_file->EndOfRow(m_row));
-    m_cell = m_row;
-    m_column = 0;
-    return true;
+    m_cell = {m_row, wanted, 0};
+    m_cells = mostColumns;
+    m_scan.From(m_row);
+    return m_there = !m_scan.IsLost();
 }
 
-std::string_view RowReader::Raw(int column)
+// To the beginning of a cell; false when the row has fewer.
+bool RowReader::GoTo(int column)
 {
-    if (!m_row || column < 0)
-        return {};
-    if (column < m_column)
-        m_cell = m_row, m_column = 0;
-    for (; m_cell && m_column < column; ++m_column) {
-        const char* const end = m_file->EndOfCell(m_cell);
-        m_cell = end < m_file->m_end && *end == m_file->m_separator ? end + 1 : nullptr;
+    if (!m_there || column < 0 || column >= m_cells)
+        return false;
+    if (column < m_cell.column)
+        m_cell = {m_row, m_cell.row, 0};
+    const CsvFile::Place kept = m_file->LastBefore(m_cell.row, column);
+    if (kept.row == m_cell.row && kept.at > m_cell.at)
+        m_cell = kept;
+    for (; m_cell.column < column; ++m_cell.column) {
+        const std::uint64_t next = m_scan.NextCell(m_cell.at);
+        if (next == 0) {
+            m_cells = m_cell.column + 1;
+            return false;
+        }
+        m_cell.at = next;
     }
-    m_column = column;
-    if (!m_cell)
-        return {};
-    const char* end = m_file->EndOfCell(m_cell);
-    const bool lastOfRow = end == m_file->m_end || *end == m_file->m_newline;
-    if (lastOfRow && m_file->m_newline == '\n' && end > m_cell && end[-1] == '\r')
-        --end;
-    return {m_cell, std::size_t(end - m_cell)};
+    return true;
 }
 
 std::string RowReader::Bytes(int column, std::size_t limit)
 {
-    const std::string_view raw = Raw(column);
-    const char* const end = raw.data() + raw.size();
-    const char* const behind = !raw.empty() && raw[0] == '"' ? BehindClosingQuote(raw.data(), end) : nullptr;
-    if (!behind)
-        return std::string(raw.substr(0, limit));
-    std::string bytes;
-    for (const char* at = raw.data() + 1; at < behind - 1 && bytes.size() < limit; ++at) {
-        bytes += *at;
-        at += *at == '"'; // the second of two
-    }
-    bytes.append(behind, std::min(std::size_t(end - behind), limit - bytes.size()));
-    return bytes;
+    return GoTo(column) ? m_scan.Cell(m_cell.at, limit) : std::string();
 }
 
 std::string RowReader::Text(int column, std::size_t limit)
 {
-    std::string bytes = Bytes(column, limit);
-    if (std::all_of(bytes.begin(), bytes.end(),
-                    [](unsigned char byte) { return byte < 0x80 && !IsControl(byte); }))
-        return bytes;
-    std::string text;
-    for (std::string_view rest = bytes; !rest.empty();) {
-        const auto lead = static_cast<unsigned char>(rest[0]);
-        const std::size_t length = SequenceLength(rest);
-        if (length == 0)
-            text += {char(0xc0 | lead >> 6), char(0x80 | (lead & 0x3f))};
-        else if (IsControl(lead))
-            text += ' ';
-        else
-            text += rest.substr(0, length);
-        rest.remove_prefix(std::max<std::size_t>(length, 1));
-    }
-    return text;
+    return ShownText(Bytes(column, limit + longestSequence - 1), limit);
 }
 
-std::string_view RowReader::RawRow() const
+std::string_view RowReader::RawRow(std::size_t limit)
 {
-    return m_row ? std::string_view(m_row, std::size_t(m_file->EndOfRow(m_row) - m_row)) : std::string_view();
+    if (!m_there)
+        return {};
+    const std::uint64_t length = std::min<std::uint64_t>(m_scan.EndOfRow(m_row) - m_row, limit);
+    return m_scan.From(m_row, std::size_t(length)).substr(0, std::size_t(length));
 }
 
 } // namespace table

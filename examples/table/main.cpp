@@ -12,7 +12,9 @@
 #include <wx/dcscreen.h>
 #include <wx/frame.h>
 #include <wx/image.h>
+#include <wx/log.h>
 #include <wx/timer.h>
+#include <wx/wfstream.h>
 
 #include <clocale>
 #include <cstdio>
@@ -45,7 +47,8 @@ bool WritePicture(const wxFrame& frame, const wxString& file)
     memory.Blit(0, 0, size.x, size.y, &screen, origin.x, origin.y);
     memory.SelectObject(wxNullBitmap);
     wxImage::AddHandler(new wxPNGHandler);
-    return bitmap.ConvertToImage().SaveFile(file, wxBITMAP_TYPE_PNG);
+    wxFFileOutputStream out(file);
+    return out.IsOk() && bitmap.ConvertToImage().SaveFile(out, wxBITMAP_TYPE_PNG) && out.GetFile()->Flush();
 }
 
 class TableApp : public wxApp
@@ -61,6 +64,8 @@ public:
             std::fprintf(stderr, "usage: table FILE | table --screenshot PNG FILE\n");
             return false;
         }
+        if (picture) // wx's messages would be dialogs that nobody answers
+            delete wxLog::SetActiveTarget(new wxLogStderr);
         m_frame = new TableFrame(argv[argc - 1]);
         if (picture)
             TakePicture(argv[2]);
@@ -78,6 +83,8 @@ private:
                 return;
             m_timer.Stop();
             m_failed = !WritePicture(*m_frame, file);
+            if (m_failed)
+                std::fprintf(stderr, "table: cannot write %s\n", static_cast<const char*>(file.utf8_str()));
             m_frame->Destroy();
         });
         m_timer.Start(100);

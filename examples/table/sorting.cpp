@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <functional>
 
 namespace table {
 
@@ -13,6 +14,7 @@ constexpr std::uint32_t rowsPerStep = 1 << 15;
 constexpr std::size_t bytesPerKey = 7; // and one that tells how many of them are there
 constexpr std::size_t compared = 4096;
 constexpr double loaded = 0.5; // of the progress
+constexpr int perKey = 64;     // what reading one takes, in comparisons
 
 // Grows with the value.
 std::uint64_t KeyOf(double value)
@@ -36,7 +38,8 @@ bool Parse(std::string_view text, double& value)
     return result.ec == std::errc() && result.ptr == end && std::isfinite(value);
 }
 
-constexpr std::size_t mostBytes = std::size_t(1) << 21; // more than a quoted cell can have
+constexpr std::size_t mostBytes = std::size_t(1) << 21;  // more than a quoted cell can have
+constexpr std::size_t longestRow = std::size_t(1) << 16; // that is looked at as a whole
 
 char Lower(char c)
 {
@@ -46,7 +49,8 @@ char Lower(char c)
 } // namespace
 
 SortTask::SortTask(std::shared_ptr<const CsvFile> file, int column, bool descending)
-    : m_file(std::move(file)), m_reader(*m_file), m_column(column), m_flip(descending ? ~std::uint64_t(0) : 0)
+    : m_file(std::move(file)), m_reader(*m_file, [this] { Tick(); }), m_column(column),
+      m_flip(descending ? ~std::uint64_t(0) : 0)
 {
 }
 
@@ -59,10 +63,9 @@ bool SortTask::Step()
             m_entries.clear();
         }
         progress = loaded * double(m_entries.size()) / m_file->RowCount();
-        m_file->Release();
         return true;
     }
-    Sort(m_entries.begin(), m_entries.end());
+    Sort(m_entries.begin(), m_entries.end(), std::less<Entry>());
     if (!m_numbers)
         Refine(m_entries.begin(), m_entries.end(), bytesPerKey);
     Finish();
@@ -105,16 +108,23 @@ std::uint64_t SortTask::TextKey(std::uint32_t row, std::size_t from)
     return key << 8 | (bytes.size() > from ? bytes.size() - from : 0);
 }
 
-void SortTask::Sort(Iterator begin, Iterator end)
+// Asks now and then whether to go on, about each millisecond. The amount is in comparisons.
+void SortTask::Worked(int amount)
 {
-    std::uint32_t sinceTick = 0;
+    m_worked += amount;
+    if (m_worked < 1 << 16)
+        return;
+    m_worked = 0;
+    progress = progress + (1.0 - progress) * 0.0005;
+    Tick();
+}
+
+template <class Less>
+void SortTask::Sort(Iterator begin, Iterator end, Less less)
+{
     std::sort(begin, end, [&](const Entry& a, const Entry& b) {
-        if (++sinceTick == 1 << 16) {
-            sinceTick = 0;
-            progress = progress + (1.0 - progress) * 0.002;
-            Tick();
-        }
-        return a < b;
+        Worked(1);
+        return less(a, b);
     });
 }
 
@@ -122,31 +132,30 @@ void SortTask::Sort(Iterator begin, Iterator end)
 void SortTask::Refine(Iterator begin, Iterator end, std::size_t from)
 {
     for (auto run = begin; run != end;) {
-        const auto next = std::find_if(run, end, [&](const Entry& e) { return e.Key() != run->Key(); });
+        const auto next = std::find_if(run, end, [&](const Entry& e) {
+            Worked(1);
+            return e.Key() != run->Key();
+        });
         const bool more = ((run->Key() ^ m_flip) & 0xff) > bytesPerKey;
         if (more && next - run > 1 && from < compared) {
-            std::sort(run, next, [](const Entry& a, const Entry& b) { return a.row < b.row; });
+            Sort(run, next, [](const Entry& a, const Entry& b) { return a.row < b.row; });
             for (auto entry = run; entry != next; ++entry) {
                 const std::uint64_t key = TextKey(entry->row, from) ^ m_flip;
                 entry->high = std::uint32_t(key >> 32);
                 entry->low = std::uint32_t(key);
-                if ((entry - run) % rowsPerStep == rowsPerStep - 1)
-                    Tick();
+                Worked(perKey);
             }
-            Sort(run, next);
+            Sort(run, next, std::less<Entry>());
             Refine(run, next, from + bytesPerKey);
         }
         run = next;
-        if (from == bytesPerKey) {
+        if (from == bytesPerKey)
             progress = std::max<double>(progress, double(run - m_entries.begin()) / double(m_entries.size()));
-            Tick();
-        }
     }
 }
 
 void SortTask::Finish()
 {
-    m_file->Release();
     auto order = std::make_shared<std::vector<std::uint32_t>>();
     order->reserve(m_entries.size());
     for (const Entry& entry : m_entries)
@@ -159,7 +168,7 @@ void SortTask::Finish()
 // ---- looking for text
 
 FindTask::FindTask(std::shared_ptr<const CsvFile> file, Order order, std::string text, CellPos from)
-    : m_file(std::move(file)), m_order(std::move(order)), m_reader(*m_file), m_text([&] {
+    : m_file(std::move(file)), m_order(std::move(order)), m_reader(*m_file, [this] { Tick(); }), m_text([&] {
           std::transform(text.begin(), text.end(), text.begin(), Lower);
           return text;
       }()),
@@ -177,7 +186,8 @@ bool FindTask::LookInRow(int first, int last)
 {
     m_reader.Go(m_order ? (*m_order)[m_at.row] : m_at.row);
     // Most rows are out at the first look. Quotes stand doubled in the file.
-    if (m_text.find('"') == std::string::npos && !Contains(m_reader.RawRow()))
+    const std::string_view row = m_reader.RawRow(longestRow);
+    if (m_text.find('"') == std::string::npos && row.size() < longestRow && !Contains(row))
         return false;
     for (m_at.column = first; m_at.column < last; ++m_at.column)
         if (Contains(m_reader.Bytes(m_at.column, mostBytes)))
@@ -197,8 +207,6 @@ bool FindTask::Step()
             return false;
     }
     progress = rows > 0 ? double(m_looked) / (rows + 1.0) : 1.0;
-    if (!m_order) // else the next rows may stand anywhere
-        m_file->Release();
     return m_looked <= rows && rows > 0;
 }
 

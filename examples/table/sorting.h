@@ -44,7 +44,9 @@ private:
     std::uint64_t NumberKey(std::uint32_t row);
     std::uint64_t TextKey(std::uint32_t row, std::size_t from);
     std::uint64_t StartKey(std::uint32_t row) { return TextKey(row, 0); }
-    void Sort(Iterator begin, Iterator end);
+    void Worked(int amount);
+    template <class Less>
+    void Sort(Iterator begin, Iterator end, Less less);
     void Refine(Iterator begin, Iterator end, std::size_t from);
     void Finish();
 
@@ -53,6 +55,7 @@ private:
     const int m_column;
     const std::uint64_t m_flip; // turns the keys round
     std::vector<Entry> m_entries;
+    int m_worked = 0;      // since the last tick
     bool m_numbers = true; // so far
     Order m_result;
 };

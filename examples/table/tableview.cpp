@@ -9,9 +9,6 @@ using namespace vela7;
 
 namespace {
 
-constexpr int padding = 4;
-constexpr int narrowest = 16;
-constexpr int widestByItself = 320;
 constexpr std::size_t mostDirty = 16; // rectangles
 
 std::string Grouped(std::uint64_t number)
@@ -24,7 +21,8 @@ std::string Grouped(std::uint64_t number)
 
 } // namespace
 
-TableView::TableView(ISysWindow& window) : m_window(&window), m_job(window), m_finder(window)
+TableView::TableView(ISysWindow& window)
+    : m_window(&window), m_job(window), m_finder(window), m_copier(window), m_fitter(window)
 {
     Subscribe<IDrawingNotify>(window, this);
     Subscribe<IMouseNotify>(window, this);
@@ -42,8 +40,8 @@ TableView::TableView(ISysWindow& window) : m_window(&window), m_job(window), m_f
 
 void TableView::OnDestroy(CEvent*)
 {
-    m_job.Cancel();
-    m_finder.Cancel();
+    for (Worker* const worker : {&m_job, &m_finder, &m_copier, &m_fitter})
+        worker->Cancel();
     m_window = nullptr;
 }
 
@@ -51,24 +49,18 @@ void TableView::OnDestroy(CEvent*)
 
 void TableView::Open(const std::string& path)
 {
-    struct IndexTask : Task
-    {
-        bool Step() override
-        {
-            const bool more = file->IndexSome();
-            progress = file->Progress();
-            return more;
-        }
-        const std::shared_ptr<CsvFile> file = std::make_shared<CsvFile>();
-    };
-    const auto task = std::make_shared<IndexTask>();
-    ShowFile(nullptr);
-    if (!task->file->Open(path))
-        return SetNote(task->file->Error());
-    Start(m_job, task, "Reading", [this, file = task->file](bool ok) {
-        const bool good = ok && file->Error().empty();
-        ShowFile(good ? file : nullptr);
-        SetNote(good ? "" : ok ? file->Error() : "There is not enough memory to read this file");
+    ShowFile(nullptr, {});
+    const auto task = std::make_shared<OpenTask>(path);
+    const std::string what = "Reading", memory = "There is not enough memory to read this file";
+    Start(m_job, task, what, [=](bool ok) {
+        const auto file = task->File();
+        if (!ok || !file->Error().empty())
+            return SetNote(ok ? file->Error() : memory);
+        const auto widths = std::make_shared<WidthTask>(file, m_measure, 0, file->ColumnCount());
+        Start(m_job, widths, what, [=](bool fits) {
+            ShowFile(fits ? file : nullptr, widths->Widths());
+            SetNote(fits ? "" : memory);
+        });
     });
 }
 
@@ -77,25 +69,50 @@ void TableView::Start(Worker& worker, std::shared_ptr<Task> task, const std::str
 {
     SetNote(what);
     worker.Start(
-        std::move(task),
-        [this, what](int percent) { SetNote(what + ": " + std::to_string(percent) + " %  (Esc cancels)"); },
-        std::move(ended));
+        std::move(task), [this, what](int percent) { Tell(what, percent); }, std::move(ended));
 }
 
-void TableView::ShowFile(std::shared_ptr<CsvFile> file)
+void TableView::ShowFile(std::shared_ptr<const CsvFile> file, const std::vector<int>& widths)
 {
     Cancel();
     m_order.reset();
     m_sortColumn = -1;
     m_file = std::move(file);
     m_reader = m_file ? std::make_unique<RowReader>(*m_file) : nullptr;
+    m_state = ByteSource::State::unchanged;
     m_edges.assign(1, 0);
     if (m_file)
-        for (const int width : BestWidths(0, ColumnCount()))
+        for (const int width : widths)
             m_edges.push_back(m_edges.back() + width);
     m_current = m_anchor = {};
     m_top = m_left = 0;
     Layout();
+}
+
+// What was read of the file counts no more when the file is another one.
+void TableView::CheckFile()
+{
+    const auto state = m_file ? m_file->Bytes().Now() : ByteSource::State::unchanged;
+    if (state == m_state)
+        return;
+    m_state = state;
+    m_reader = std::make_unique<RowReader>(*m_file);
+    Mark(m_client);
+}
+
+std::string TableView::FileState() const
+{
+    switch (m_state) {
+    case ByteSource::State::changed:
+        return "The file was changed since it was read";
+    case ByteSource::State::replaced:
+        return "The file was replaced or deleted since it was read";
+    case ByteSource::State::shortened:
+        return "The file was shortened since it was read, " + Grouped(m_file->Bytes().SizeNow()) + " of " +
+               Grouped(m_file->Bytes().Size()) + " bytes are left";
+    default:
+        return "";
+    }
 }
 
 void TableView::SortBy(int column, bool descending)
@@ -109,28 +126,30 @@ void TableView::SortBy(int column, bool descending)
         return;
     const auto task = std::make_shared<SortTask>(m_file, column, descending);
     Start(m_job, task, "Sorting", [this, task](bool ok) {
-        m_order = task->Result();
-        m_sortColumn = ok ? m_sortColumn : -1;
+        const bool whole = m_file->Bytes().Now() != ByteSource::State::shortened;
+        m_order = whole ? task->Result() : nullptr;
+        m_sortColumn = ok && whole ? m_sortColumn : -1;
         SetNote(ok ? "" : "There is not enough memory to sort this file");
         Mark(m_client);
     });
 }
 
-std::string TableView::SelectedText()
+std::shared_ptr<CopyTask> TableView::MakeCopy() const
 {
-    constexpr std::size_t most = std::size_t(16) << 20;
-    std::string all;
-    if (!m_file)
-        return all;
     const auto rows = std::minmax({m_current.row, m_anchor.row});
     const auto columns = std::minmax({m_current.column, m_anchor.column});
-    for (std::uint64_t row = rows.first; row <= rows.second && row < RowCount() && all.size() < most; ++row) {
-        m_reader->Go(RowInFile(std::int64_t(row)));
-        for (int column = columns.first; column <= columns.second; ++column)
-            all += m_reader->Text(column, most) + (column < columns.second ? "\t" : "");
-        all += row < rows.second ? "\n" : "";
-    }
-    return all;
+    return std::make_shared<CopyTask>(m_file, m_order, CellPos{rows.first, columns.first},
+                                      CellPos{rows.second, columns.second});
+}
+
+std::string TableView::SelectedText() const
+{
+    if (!m_file)
+        return {};
+    const auto task = MakeCopy();
+    while (task->Step())
+        continue;
+    return task->Text();
 }
 
 // ---- widths
@@ -145,42 +164,23 @@ void TableView::Measure()
     painter.GetFontMetrics(&metrics);
     m_rowHeight = metrics.height + padding;
     m_textTop = padding / 2;
+    double(&advance)[128] = m_measure.advance;
     const double between = painter.GetTextSize("nn").width;
     for (int c = ' '; c < 127; ++c) {
-        m_advance[c] = (painter.GetTextSize("n" + std::string(16, char(c)) + "n").width - between) / 16;
-        m_advance[0] = std::max({m_advance[0], m_advance[c], double(metrics.height)});
+        advance[c] = (painter.GetTextSize("n" + std::string(16, char(c)) + "n").width - between) / 16;
+        advance[0] = std::max({advance[0], advance[c], double(metrics.height)});
     }
 }
 
-// Without asking the painter, which would take longer than drawing the text. Characters beyond ASCII count as
-// the widest.
-int TableView::TextWidth(const std::string& text) const
+void TableView::FitWidth(int column)
 {
-    double width = 0.0;
-    for (const unsigned char byte : text)
-        width += byte < 128 ? m_advance[byte] : byte >= 0xc0 ? m_advance[0] : 0.0;
-    return int(std::ceil(width));
-}
-
-// Of some columns: by their headers, by the first rows and some others.
-std::vector<int> TableView::BestWidths(int first, int last)
-{
-    constexpr std::uint32_t sampled = 100;
-    std::vector<int> widths(std::size_t(last - first), narrowest);
-    const auto look = [&](std::uint32_t row) {
-        m_reader->Go(row);
-        for (int column = first; column < last; ++column) {
-            int& width = widths[std::size_t(column - first)];
-            const int wanted = TextWidth(m_reader->Text(column, 100)) + 2 * padding;
-            width = std::max(width, std::min(wanted, widestByItself));
-        }
-    };
-    look(RowReader::header);
-    for (std::uint32_t i = 0; i < sampled && i < RowCount(); ++i) {
-        look(i);
-        look(std::uint32_t(std::uint64_t(RowCount()) * i / sampled));
-    }
-    return widths;
+    const auto task = std::make_shared<WidthTask>(m_file, m_measure, column, column + 1);
+    m_fitter.Start(
+        task, [](int) {},
+        [=](bool ok) {
+            if (ok)
+                SetWidth(column, task->Widths()[0]);
+        });
 }
 
 void TableView::SetWidth(int column, int width)
@@ -228,9 +228,9 @@ void TableView::Layout()
     const int metric = system ? system->GetSystemMetrics(ISystem::smVScrollWidth) : 0;
     const int thickness = m_bars[0] && m_bars[1] ? std::max(metric, 12) : 0;
     m_client = m_window->GetClientRect();
-    const int right = m_client.right - thickness;
-    const int bottom = m_client.bottom - m_rowHeight - thickness;
-    m_cells = Rect(0, m_rowHeight, std::max(right, 0), std::max(bottom, m_rowHeight));
+    const int right = std::max(m_client.right - thickness, 0);
+    const int bottom = std::max(m_client.bottom - m_rowHeight - thickness, 0);
+    m_cells = Rect(0, m_rowHeight, right, std::max(bottom, m_rowHeight));
     if (thickness > 0) {
         m_bars[0]->SetPos(0, bottom, right, bottom + thickness);
         m_bars[1]->SetPos(right, 0, m_client.right, bottom);
@@ -264,6 +264,11 @@ void TableView::Mark(const Rect& area)
     m_window->Invalidate(seen.left, seen.top, seen.right, seen.bottom);
 }
 
+void TableView::Tell(const std::string& what, int percent)
+{
+    SetNote(what + ": " + std::to_string(percent) + " %  (Esc cancels)");
+}
+
 void TableView::MarkRows(std::int64_t first, std::int64_t last)
 {
     const std::int64_t beyond = m_top + m_cells.Height() / m_rowHeight + 1;
@@ -282,9 +287,10 @@ std::string TableView::Status() const
 {
     if (!m_note.empty() || !m_file)
         return m_note;
-    return "Row " + Grouped(RowCount() ? m_current.row + std::uint64_t(1) : 0) + " of " +
-           Grouped(RowCount()) + ", column " + std::to_string(m_current.column + 1) + " of " +
-           std::to_string(ColumnCount());
+    const std::string state = FileState();
+    return (state.empty() ? "" : state + ". ") + "Row " +
+           Grouped(RowCount() ? m_current.row + std::uint64_t(1) : 0) + " of " + Grouped(RowCount()) +
+           ", column " + std::to_string(m_current.column + 1) + " of " + std::to_string(ColumnCount());
 }
 
 // Moves what the retained picture shows of an area; draws only what comes into sight.
@@ -311,15 +317,15 @@ void TableView::Shift(const Rect& area, int dx, int dy)
         m_dirty.assign(1, m_client);
 }
 
-void TableView::ScrollTo(std::int64_t topRow, int left)
+void TableView::ScrollTo(std::int64_t topRow, std::int64_t left)
 {
     const std::int64_t lastTop = std::int64_t(RowCount()) - m_cells.Height() / m_rowHeight;
     topRow = std::clamp<std::int64_t>(topRow, 0, std::max<std::int64_t>(lastTop, 0));
-    left = std::clamp(left, 0, std::max(m_edges.back() - m_cells.Width(), 0));
+    left = std::clamp<std::int64_t>(left, 0, std::max(m_edges.back() - m_cells.Width(), 0));
     const std::int64_t dy = std::clamp<std::int64_t>(m_top - topRow, -100000, 100000) * m_rowHeight;
-    const int dx = m_left - left;
+    const int dx = m_left - int(left);
     m_top = topRow;
-    m_left = left;
+    m_left = int(left);
     if (dx == 0 && dy == 0)
         return;
     if (dx != 0)

@@ -1,9 +1,7 @@
 /// A table of the cells of a CSV file, on any toolkit window.
 #pragma once
 
-#include "csvfile.h"
-#include "sorting.h"
-#include "worker.h"
+#include "reading.h"
 
 #include "vela7/painter.h"
 #include "vela7/palette.h"
@@ -19,6 +17,9 @@ namespace table {
 /// the next place, Backspace and Escape take it back. Escape also cancels what goes on. A click on a header
 /// sorts, a second one the other way round, a third one as in the file. Dragging the right edge of a header
 /// sets the width of the column, a double click fits it to its content.
+///
+/// What may take long is read in the background; only what is drawn is read here, some MiB for a cell at
+/// most. Somebody may change the file meanwhile: what is left of it is shown, and the last line says so.
 ///
 /// The window may die first. Thread: GUI.
 class TableView : public vela7::CSubscriber<vela7::IDrawingNotify>,
@@ -37,11 +38,14 @@ public:
     void SortBy(int column, bool descending);
     /// The current cell; extend: leaves the other end of the selection where it is.
     void Select(CellPos cell, bool extend);
-    void ScrollTo(std::int64_t topRow, int left);
-    /// What is selected, cells separated by tabs, rows by newlines; at most 16 MiB.
-    std::string SelectedText();
+    void ScrollTo(std::int64_t topRow, std::int64_t left);
+    /// What is selected, as CopyTask has it. Reads it at once; the key that copies does it in the background.
+    std::string SelectedText() const;
 
-    bool IsBusy() const { return m_job.IsBusy() || m_finder.IsBusy(); }
+    bool IsBusy() const
+    {
+        return m_job.IsBusy() || m_finder.IsBusy() || m_copier.IsBusy() || m_fitter.IsBusy();
+    }
     std::uint32_t RowCount() const { return m_file ? m_file->RowCount() : 0; }
     int ColumnCount() const { return m_file ? m_file->ColumnCount() : 0; }
     CellPos Current() const { return m_current; }
@@ -87,21 +91,25 @@ private:
     bool IsSelected(std::int64_t row, int column) const;
 
     void Measure();
-    int TextWidth(const std::string& text) const;
-    std::vector<int> BestWidths(int first, int last);
+    void FitWidth(int column);
     void SetWidth(int column, int width);
     void Start(Worker& worker, std::shared_ptr<Task> task, const std::string& what,
                std::function<void(bool)> ended);
-    void ShowFile(std::shared_ptr<CsvFile> file);
+    void ShowFile(std::shared_ptr<const CsvFile> file, const std::vector<int>& widths);
+    void CheckFile();
+    std::string FileState() const;
     void Layout();
     void UpdateBars();
     void Mark(const Rect& area);
     void MarkRows(std::int64_t first, std::int64_t last);
     void Shift(const Rect& area, int dx, int dy);
     void SetNote(const std::string& note);
+    void Tell(const std::string& what, int percent);
 
     bool Navigate(std::uint32_t key, bool control, bool extend);
     void Find(const std::string& text, bool next);
+    std::shared_ptr<CopyTask> MakeCopy() const;
+    void Copy();
     void Cancel();
 
     void Draw(vela7::IPainter& painter);
@@ -116,6 +124,7 @@ private:
     vela7::CHandle<vela7::IScrollBar> m_bars[2]; // horizontal, vertical
     std::shared_ptr<const CsvFile> m_file;
     std::unique_ptr<RowReader> m_reader;
+    ByteSource::State m_state = ByteSource::State::unchanged; // of the file, when it was drawn last
     Order m_order;
     int m_sortColumn = -1;
     bool m_descending = false;
@@ -124,7 +133,7 @@ private:
     Rect m_client, m_cells;
     int m_rowHeight = 20;
     int m_textTop = 2;
-    double m_advance[128] = {}; // of characters; [0]: the widest one's
+    TextMeasure m_measure;
     std::int64_t m_top = 0;
     int m_left = 0;
     std::vector<Rect> m_dirty; // what the retained picture does not show as it should
@@ -136,6 +145,8 @@ private:
     std::string m_text;          // looked for
     Worker m_job;                // reads or sorts; ends before what it uses
     Worker m_finder;
+    Worker m_copier;
+    Worker m_fitter; // of widths
 };
 
 } // namespace table

@@ -58,13 +58,11 @@ bool TableView::Navigate(std::uint32_t key, bool control, bool extend)
 void TableView::OnKeyPress(CKeyboardEvent* event)
 {
     const bool control = event->state == ksControl;
-    ISystem* const system = GetCurrentSystem();
-    IClipboard* const clipboard = system ? system->TakeClipboard() : nullptr;
     event->passOn = event->state == ksAlt;
     if (event->passOn)
         return;
-    if (control && event->key == 'C' && clipboard)
-        clipboard->SetText(SelectedText());
+    if (control && event->key == 'C')
+        Copy();
     else if (control && event->key == 'A' && RowCount() > 0) {
         m_anchor = {};
         m_current = {RowCount() - 1, ColumnCount() - 1};
@@ -104,12 +102,32 @@ void TableView::Find(const std::string& text, bool next)
     });
 }
 
+// What is short is copied before the note would tell of it.
+void TableView::Copy()
+{
+    const std::string what = "Copying";
+    const auto isTold = [=] { return m_note.compare(0, what.size(), what) == 0; };
+    if (!m_file)
+        return;
+    const auto task = MakeCopy();
+    m_copier.Start(
+        task, [=](int percent) { Tell(what, percent); },
+        [=](bool ok) {
+            ISystem* const system = GetCurrentSystem();
+            IClipboard* const clipboard = system ? system->TakeClipboard() : nullptr;
+            if (ok && clipboard)
+                clipboard->SetText(task->Text());
+            if (!ok || isTold())
+                SetNote(ok ? "" : "There is not enough memory to copy this");
+        });
+}
+
 void TableView::Cancel()
 {
     if (m_job.IsBusy())
         m_sortColumn = -1;
-    m_job.Cancel();
-    m_finder.Cancel();
+    for (Worker* const worker : {&m_job, &m_finder, &m_copier, &m_fitter})
+        worker->Cancel();
     m_text.clear();
     SetNote("");
 }
@@ -149,7 +167,7 @@ void TableView::OnMouseDoubleClick(CMouseEvent* event)
 {
     const int edge = event->position.y < m_cells.top ? EdgeAt(event->position.x) : -1;
     if (edge >= 0)
-        SetWidth(edge, BestWidths(edge, edge + 1)[0]);
+        FitWidth(edge);
     else
         OnMousePress(event);
 }
@@ -171,7 +189,7 @@ void TableView::OnMouseMove(CMouseEvent* event)
 void TableView::OnMouseWheel(CMouseWheelEvent* event)
 {
     if (event->state & ksShift)
-        ScrollTo(m_top, m_left - event->delta * m_rowHeight);
+        ScrollTo(m_top, m_left - std::int64_t(event->delta) * m_rowHeight);
     else
         ScrollTo(m_top - event->delta, m_left);
 }
@@ -179,7 +197,7 @@ void TableView::OnMouseWheel(CMouseWheelEvent* event)
 void TableView::OnScroll(CScrollEvent* event)
 {
     if (m_bars[0] && event->sender == static_cast<IEventSender*>(m_bars[0].Get()))
-        ScrollTo(m_top, int(event->value));
+        ScrollTo(m_top, std::int64_t(event->value));
     else
         ScrollTo(std::int64_t(event->value), m_left);
 }

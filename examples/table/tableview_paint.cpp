@@ -10,7 +10,6 @@ using namespace vela7;
 
 namespace {
 
-constexpr int padding = 4;
 constexpr std::size_t mostBytes = 256; // drawn of a cell
 
 _color Colour(ISysPalette::SysColor code)
@@ -43,6 +42,7 @@ void TableView::Draw(IPainter& painter)
     const CPaintScope paint(painter, ssBuffered);
     if (!paint.IsOk())
         return;
+    CheckFile();
     if (painter.IsFullRepaint())
         m_dirty.assign(1, m_client);
     const Rect header(0, 0, m_client.right, m_cells.top);
@@ -60,7 +60,7 @@ void TableView::PaintText(IPainter& painter, const Rect& area, const Rect& cell,
 {
     if (text.empty())
         return;
-    const bool fits = TextWidth(text) <= cell.Width() - 2 * padding;
+    const bool fits = m_measure.Width(text) <= cell.Width() - 2 * padding;
     if (!fits)
         Clip(painter, cell);
     painter.DrawString(cell.left + padding, cell.top + m_textTop, text);

@@ -4,21 +4,6 @@
 
 namespace table {
 
-namespace {
-
-struct Cancelled
-{
-};
-
-} // namespace
-
-void Task::Tick()
-{
-    if (m_cancelled)
-        throw Cancelled();
-    m_report();
-}
-
 // What the thread calls. Its messages share it, they may arrive after the worker has turned to other things.
 class Worker::Loop : public vela7::IRunnable, public std::enable_shared_from_this<Loop>
 {
@@ -26,7 +11,7 @@ public:
     Loop(Worker& worker, std::shared_ptr<Task> work)
         : owner(&worker), task(std::move(work)), m_window(worker.m_window)
     {
-        task->m_report = [this] { Report(); };
+        task->onTick = [this] { Report(); };
     }
 
     bool Run() override
@@ -34,7 +19,7 @@ public:
         bool more = false;
         try {
             more = !task->m_cancelled && task->Step();
-        } catch (const Cancelled&) {
+        } catch (const Task::Cancelled&) {
         } catch (const std::exception&) {
             m_failed = true;
         }
@@ -107,7 +92,7 @@ void Worker::Cancel()
     if (!loop)
         return;
     loop->owner = nullptr;
-    loop->task->m_cancelled = true;
+    loop->task->Cancel();
     if (runner)
         runner->Join();
 }

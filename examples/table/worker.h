@@ -14,19 +14,32 @@ class Task
 {
 public:
     virtual ~Task() = default;
-    /// Worker thread. False: it is done.
+    /// Worker thread. False: it is done. Throws Cancelled.
     virtual bool Step() = 0;
+    /// Any thread; the next Tick ends it.
+    void Cancel() { m_cancelled = true; }
+
+    struct Cancelled
+    {
+    };
 
     std::atomic<double> progress{0.0}; ///< 0..1
+    std::function<void()> onTick;      ///< worker thread; set before the work starts
 
 protected:
-    /// For steps that take long: tells the progress; does not come back when the task was cancelled.
-    void Tick();
+    /// Whatever takes longer than a moment calls it, at every level: tells the progress, throws Cancelled
+    /// when that was asked for.
+    void Tick()
+    {
+        if (m_cancelled)
+            throw Cancelled();
+        if (onTick)
+            onTick();
+    }
 
 private:
     friend class Worker;
     std::atomic<bool> m_cancelled{false};
-    std::function<void()> m_report; // set before the thread starts
 };
 
 /// Does one task at a time. Thread: GUI.

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 namespace gallery {
@@ -96,12 +98,56 @@ TEST(Recording, SaysWhichLineIsWrong)
         {"vela7 events 1\nchar 0 65 65\npush 1 2 3 4\n", "line 3: unknown record 'push'"},
         {"vela7 events 1\npress 1 2 3\n", "line 2: press has 4 fields, not 3"},
         {"vela7 events 1\npress 1 2 x 4\n", "line 2: a field is not a number"},
+        {"vela7 events 1\nresized 100 2147483647\n", "line 2: 2147483647 is not in 0..8192"},
+        {"vela7 events 1\nwheel 5 5 0 0 -2147483648\n", "line 2: -2147483648 is not in -32768..32767"},
     };
     FakeSystem system;
     for (const auto& row : table) {
         FakeWindow window;
         EXPECT_EQ(Replayed(row.recording, window), row.error);
     }
+}
+
+TEST(Recording, HasBounds)
+{
+    const std::string head = "vela7 events 1\n";
+    FakeSystem system;
+    FakeWindow window;
+    EXPECT_EQ(Replayed(head + std::string(199999, '\n'), window), "");
+    EXPECT_EQ(Replayed(head + std::string(200000, '\n'), window), "line 200001: the recording is too long");
+    EXPECT_EQ(Replayed(head + std::string(255, '#') + "\n", window), "");
+    EXPECT_EQ(Replayed(head + std::string(256, '#') + "\n", window), "line 2: the line is too long");
+    EXPECT_EQ(gallery::ReplayFile("/dev/zero", window), "/dev/zero: not an ordinary file");
+    EXPECT_EQ(gallery::ReplayFile("/nowhere/x", window), "/nowhere/x: No such file or directory");
+
+    gallery::Recorder recorder(window);
+    std::string many = head + "resized 7 8\nget-focus\n";
+    for (int i = 0; i < 100000; ++i)
+        many += "char 0 65 65\n";
+    ASSERT_EQ(Replayed(many, window), "");
+    std::ostringstream out;
+    recorder.Save(out);
+    EXPECT_EQ(out.str().substr(0, 60), head + "# 2 earlier records were dropped\nresized 7 8\n");
+    EXPECT_EQ(out.str().size(), 60 + 13 * 100000u);
+}
+
+TEST(Recording, IsNotWrittenThroughLinks)
+{
+    char directory[] = "/tmp/recording_test_XXXXXX";
+    ASSERT_NE(mkdtemp(directory), nullptr);
+    const std::filesystem::path there(directory), other = there / "other", name = there / "events.txt";
+    std::ofstream(other) << "precious";
+    std::filesystem::create_symlink(other, name);
+    FakeSystem system;
+    FakeWindow window;
+    EXPECT_TRUE(gallery::Recorder(window).SaveAs(name));
+    std::string kept, saved;
+    std::getline(std::ifstream(other), kept);
+    std::getline(std::ifstream(name), saved);
+    EXPECT_EQ(kept, "precious");
+    EXPECT_EQ(saved, "vela7 events 1");
+    EXPECT_FALSE(gallery::Recorder(window).SaveAs(there)) << "a directory";
+    EXPECT_EQ(std::filesystem::remove_all(there), 3u) << "and nothing beside them";
 }
 
 TEST(Recording, EndsWithItsWindow)

@@ -130,11 +130,13 @@ TEST_F(TableViewTest, SelectsAndCopies)
     window.MouseMove(60, 45); // over the edge of the first column
     window.MouseRelease(60, 45);
     Press('C', ksControl);
+    system.WorkToTheEnd();
     EXPECT_EQ(system.clipboard.text, "0\tn, 0\n7\tn, 1");
     EXPECT_FALSE(window.captured);
     Press(kcDown, ksShift);
     Press(kcLeft, ksShift);
     Press('C', ksControl);
+    system.WorkToTheEnd();
     EXPECT_EQ(system.clipboard.text, "0\n7\n14");
     Press('A', ksControl);
     EXPECT_EQ(view.SelectedText().substr(0, 28), "0\tn, 0\trow 0\n7\tn, 1\trow 1\n14");
@@ -209,6 +211,104 @@ TEST_F(TableViewTest, FindsWhatIsTyped)
     EXPECT_EQ(view.Status(), "There is no \"ROW 19x\"");
     Press(kcEscape);
     EXPECT_EQ(view.Status(), "Row 20 of 50, column 3 of 3");
+}
+
+TEST_F(TableViewTest, ReadsInTheBackground)
+{
+    view.Open("/nowhere/x.csv");
+    EXPECT_EQ(view.Status(), "Reading");
+    system.WorkToTheEnd();
+    EXPECT_EQ(view.Status(), "/nowhere/x.csv: No such file or directory");
+}
+
+TEST_F(TableViewTest, SaysWhatBecameOfTheFile)
+{
+    view.SortBy(0, false);
+    ASSERT_EQ(truncate(content->path, 30), 0);
+    system.WorkToTheEnd();
+    EXPECT_EQ(At(49, 0), "") << "not sorted, and the file has two rows left";
+    EXPECT_EQ(Texts(Paint()).back(), "Text 4 182 \"The file was shortened since it was read, 30 of 853 "
+                                     "bytes are left. Row 50 of 50, column 1 of 3\"");
+    EXPECT_EQ(At(0, 0), "0");
+    content = std::make_unique<TempFile>("a\n1\n");
+    view.Open(content->path);
+    system.WorkToTheEnd();
+    unlink(content->path);
+    Paint();
+    EXPECT_EQ(view.Status(), "The file was replaced or deleted since it was read. Row 1 of 1, column 1 of 1");
+}
+
+// Rows agree in their first 70 bytes and come in pairs that differ later, so that most levels have short runs
+// only. A tick is due each millisecond or so, even if all is read in one go.
+TEST(SortTask, TicksAtEveryLevel)
+{
+    std::string text = "name\n";
+    for (int i = 0; i < 4000; ++i)
+        text += std::string(70, 'x') + std::to_string(100000 + i / 2) + std::string(70, 'y') +
+                std::to_string(i % 2) + "\n";
+    const auto file = std::make_shared<table::CsvFile>();
+    ASSERT_TRUE(file->Open(std::make_unique<table::MemoryBytes>(text, 1 << 20)));
+    while (file->IndexSome())
+        continue;
+    table::SortTask sort(file, 0, false);
+    int ticks = 0;
+    sort.onTick = [&] { ++ticks; };
+    while (sort.Step())
+        continue;
+    EXPECT_GT(ticks, 50);
+    EXPECT_EQ(sort.Result()->back(), 3999u);
+
+    table::SortTask cancelled(file, 0, false);
+    ticks = 0;
+    cancelled.onTick = [&] {
+        if (++ticks == 40)
+            cancelled.Cancel();
+    };
+    EXPECT_THROW(while (cancelled.Step()) continue, table::Task::Cancelled);
+    EXPECT_EQ(ticks, 40);
+}
+
+// A scroll bar; all that it does is to have a size.
+struct Bar : CScrollBar
+{
+    int width = 0, height = 0;
+    void SetPos(int left, int top, int right, int bottom) override
+    {
+        width = right - left, height = bottom - top;
+    }
+    rectangle<int> GetPos() const override { return {}; }
+    void SetVisible(bool) override {}
+    bool GetVisible() const override { return true; }
+    void SetEnabled(bool) override {}
+    bool GetEnabled() const override { return true; }
+    void* GetNativeHandle() const override { return nullptr; }
+    void SetScrollInfo(const ScrollInfo&) override {}
+    void GetScrollInfo(ScrollInfo&) const override {}
+    void SetScrollVal(int) override {}
+    int GetScrollVal() const override { return 0; }
+};
+
+TEST(TableView, TinyWindowsGiveNoNegativeSizes)
+{
+    struct Window : FakeWindow
+    {
+        std::vector<Bar*> bars; // the table's
+        CHandle<IScrollBar> CreateScrollBar(ScrollType) override
+        {
+            bars.push_back(new Bar);
+            return CHandle<IScrollBar>(bars.back());
+        }
+    } window;
+    FakeSystem system;
+    table::TableView view(window);
+    for (const int size : {0, 1, 5, 11, 21, 40}) {
+        window.Resize(size, size);
+        for (const Bar* bar : window.bars) {
+            EXPECT_GE(bar->width, 0) << size;
+            EXPECT_GE(bar->height, 0) << size;
+        }
+        window.Paint();
+    }
 }
 
 TEST_F(TableViewTest, DiesWithItsWindowWhileItWorks)
