@@ -90,7 +90,10 @@ void CwxRasterPicture::SetMask(const IRasterPicture* mask)
         return;
     // wx makes masks of monochrome bitmaps only; pictures have the screen's depth. Black is transparent, and
     // ConvertToMono turns the colour it is given white.
-    const wxImage image = shown.ConvertToImage();
+    wxImage image = shown.ConvertToImage();
+    // wx asks the X server for as many pixels of a mask as the bitmap has, which ends the process when there
+    // are fewer: what a mask does not reach is transparent.
+    image.Resize(bitmap.GetSize(), wxPoint(0, 0), 0, 0, 0);
     bitmap.SetMask(new wxMask(wxBitmap(image.ConvertToMono(0, 0, 0), 1), *wxWHITE));
 }
 
