@@ -10,7 +10,6 @@ void Point(Scene& s)
 {
     PointAt(s.nativeControl, 20, 12);
 }
-void Nothing(Scene&) {}
 void Leave(Scene& s)
 {
     s.native->SetFocus();
@@ -47,7 +46,9 @@ const Row editRows[] = {
     {"focusin",  "in",      Leave,   Enter},
     {"clickin",  "in",      [](Scene& s) { Leave(s); Point(s); }, [](Scene&) { Press(); }},
     {"whilefocused", "",     Nothing, Now},
-    {"enter",    "enter",   Nothing, [](Scene&) { KeyDown(GDK_KEY_Return); }}, // not with several lines
+};
+const Row enterRows[] = { // with one line
+    {"enter", "enter", Nothing, [](Scene&) { KeyDown(GDK_KEY_Return); }},
 };
 const Row comboRows[] = {
     {"button",   "out",      [](Scene& s) { PointAt(s.nativeControl, 130, 15); }, [](Scene&) { Press(); }},
@@ -103,39 +104,35 @@ void Bar(Scene& s)
     s.Build(Scene::child);
     s.MakeBar();
 }
-template <bool autoDelete>
+template <bool autoDelete, bool elsewhere> // not on the window that hears of its focus
 void Held(Scene& s)
 {
     s.Build(Scene::child);
-    s.MakeHeld(autoDelete, false);
-}
-void HeldElsewhere(Scene& s) // the control is not on the window that hears of its focus
-{
-    s.Build(Scene::child);
-    s.MakeHeld(false, true);
+    s.MakeHeld(autoDelete, elsewhere);
 }
 void Menus(Scene& s)
 {
     s.Build(Scene::child);
-    s.MakeMenus();
+    s.menus = std::make_unique<MenuTree>(*s.window);
 }
 
 } // namespace
 
 std::vector<Family> ControlFamilies()
 {
-    constexpr unsigned withControl = onPanel | Set(theControl), own = withControl | Set(theHandle);
-    return {{"Edit", Edit<0>, editRows, std::size(editRows), own, nothing},
-            {"Lines", Edit<esMultiLine>, editRows, std::size(editRows) - 1, own, nothing},
-            {"Combo", Combo<true>, editRows, std::size(editRows), own, nothing},
-            {"Combo", Combo<true>, comboRows, std::size(comboRows), own, nothing},
-            {"Choice", Combo<false>, comboRows, std::size(comboRows), own, nothing},
-            {"Bar", Bar, barRows, std::size(barRows), own, nothing},
-            {"Held", Held<false>, heldRows, std::size(heldRows), withControl | Set(theHolder), nothing},
-            {"HeldAuto", Held<true>, heldRows, std::size(heldRows), withControl, nothing},
-            {"Elsewhere", HeldElsewhere, heldRows, std::size(heldRows),
-             onPanel | Set(theStranger) | Set(theHolder), nothing},
-            {"Menu", Menus, menuRows, std::size(menuRows), onPanel | Set(theMenus), nothing}};
+    constexpr unsigned held = onPanel | Set(theControl), own = held | Set(theHandle);
+    return {{"Edit", Edit<0>, editRows, own, nothing},
+            {"Edit", Edit<0>, enterRows, own, nothing},
+            {"Lines", Edit<esMultiLine>, editRows, own, nothing},
+            {"Combo", Combo<true>, editRows, own, nothing},
+            {"Combo", Combo<true>, enterRows, own, nothing},
+            {"Combo", Combo<true>, comboRows, own, nothing},
+            {"Choice", Combo<false>, comboRows, own, nothing},
+            {"Bar", Bar, barRows, own, nothing},
+            {"Held", Held<false, false>, heldRows, held | Set(theHolder), nothing},
+            {"HeldAuto", Held<true, false>, heldRows, held, nothing},
+            {"Elsewhere", Held<false, true>, heldRows, onPanel | Set(theStranger) | Set(theHolder), nothing},
+            {"Menu", Menus, menuRows, onPanel | Set(theMenus), nothing}};
 }
 
 } // namespace vela7::test
