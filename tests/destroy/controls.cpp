@@ -6,32 +6,19 @@
 namespace vela7::test {
 namespace {
 
-void Point(Scene& s)
-{
-    PointAt(s.nativeControl, 20, 12);
-}
-void Leave(Scene& s)
-{
-    s.native->SetFocus();
-}
-void Enter(Scene& s)
-{
-    s.control->SetFocus();
-}
+const Step Point = [](Scene& s) { PointAt(s.nativeControl, 20, 12); };
+const Step Leave = [](Scene& s) { s.native->SetFocus(); };
+const Step Enter = [](Scene& s) { s.control->SetFocus(); };
 
-void ExpectOpenList()
+void ExpectList()
 {
     WaitFor([] { return gtk_grab_get_current() != nullptr; }, "an open list");
 }
-void OpenList(Scene& s)
-{
-    PointAt(s.nativeControl, 130, 15);
-    Click();
-    ExpectOpenList();
-}
+const Step OpenList = [](Scene& s) { PointAt(s.nativeControl, 130, 15), Click(), ExpectList(); };
+const Step List = [](Scene&) { KeyDown(GDK_KEY_Alt_L), KeyDown(GDK_KEY_Down), ReleaseAll(), ExpectList(); };
 
 // clang-format off
-const Row editRows[] = {
+const std::vector<Row> editRows = {
     {"keydown",  "keydown", Nothing, [](Scene&) { KeyDown(GDK_KEY_a); }},
     {"tabkey",   "keydown", Nothing, [](Scene&) { KeyDown(GDK_KEY_Tab); }},
     {"char",     "char",    Nothing, [](Scene&) { KeyDown(GDK_KEY_a); }},
@@ -47,17 +34,17 @@ const Row editRows[] = {
     {"clickin",  "in",      [](Scene& s) { Leave(s); Point(s); }, [](Scene&) { Press(); }},
     {"whilefocused", "",     Nothing, Now},
 };
-const Row enterRows[] = { // with one line
+const std::vector<Row> enterRows = { // with one line
     {"enter", "enter", Nothing, [](Scene&) { KeyDown(GDK_KEY_Return); }},
 };
-const Row comboRows[] = {
+const std::vector<Row> comboRows = {
     {"button",   "out",      [](Scene& s) { PointAt(s.nativeControl, 130, 15); }, [](Scene&) { Press(); }},
-    {"item",     "item",     [](Scene& s) { OpenList(s); Tap(GDK_KEY_Down); }, [](Scene&) { Tap(GDK_KEY_Return); }},
+    {"item",     "item",     [](Scene& s) { List(s); Tap(GDK_KEY_Down); Tap(GDK_KEY_Down); }, [](Scene&) { Tap(GDK_KEY_Return); }},
     {"whileopen",  "", OpenList, Now}, // GTK has a grab then
-    {"whilelisted", "", [](Scene&) { KeyDown(GDK_KEY_Alt_L); KeyDown(GDK_KEY_Down); ReleaseAll(); ExpectOpenList(); }, ByTimer},
+    {"whilelisted", "", List, ByTimer},
     {"itemevent", "item",    Nothing, [](Scene& s) { Send(s.nativeControl, wxCommandEvent(wxEVT_COMBOBOX)); }},
 };
-const Row barRows[] = {
+const std::vector<Row> barRows = {
     {"page",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Click(rightButton); }},
     {"press",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Press(); }},
     {"drag",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 110, 5); Press(); },
@@ -68,14 +55,14 @@ const Row barRows[] = {
     {"wheel",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 100, 5); }, [](Scene&) { WheelDown(); }},
     {"event",  "scroll", Nothing, [](Scene& s) { Send(s.nativeControl, wxScrollEvent(wxEVT_SCROLL_TOP)); }},
 };
-const Row heldRows[] = {
+const std::vector<Row> heldRows = {
     {"whilefocused", "", Enter, Now},
     {"focusin",  "in",  Nothing, Enter},
     {"clickin",  "in",  Point,   [](Scene&) { Press(); }},
     {"focusout", "out", Enter,   [](Scene& s) { s.other->SetFocus(); }},
     {"hideout",  "out", Enter,   [](Scene& s) { s.control->SetVisible(false); }},
 };
-const Row menuRows[] = {
+const std::vector<Row> menuRows = {
     {"command", "command", Nothing, [](Scene& s) {
         MenuTree& m = *s.menus;
         EXPECT_EQ(302, m.Execute({m.toDeep, m.toDeeper, m.items[2]})) << "the choice is made"; }},
@@ -99,22 +86,19 @@ void Combo(Scene& s)
     s.MakeCombo(editable);
     s.text->SetText(editable ? "old" : "one"), s.text->SetFocus();
 }
-void Bar(Scene& s)
-{
+const Step Bar = [](Scene& s) {
     s.Build(Scene::child);
     s.MakeBar();
-}
+};
 template <bool autoDelete, bool elsewhere> // not on the window that hears of its focus
-void Held(Scene& s)
-{
+const Step Held = [](Scene& s) {
     s.Build(Scene::child);
     s.MakeHeld(autoDelete, elsewhere);
-}
-void Menus(Scene& s)
-{
+};
+const Step Menus = [](Scene& s) {
     s.Build(Scene::child);
     s.menus = std::make_unique<MenuTree>(*s.window);
-}
+};
 
 } // namespace
 

@@ -6,10 +6,7 @@
 namespace vela7::test {
 namespace {
 
-void PointAtContent(Scene& s)
-{
-    s.PointAt(theContent, 50, 50);
-}
+const Step PointAtContent = [](Scene& s) { s.PointAt(theContent, 50, 50); };
 void ShrinkHidden(Scene& s) // unheard, so that the next layout changes the size
 {
     s.popup->Hide();
@@ -38,7 +35,7 @@ void PointAtLayer(Scene& s)
 }
 
 // clang-format off
-const Row popupRows[] = {
+const std::vector<Row> popupRows = {
     {"colours", "colours", Nothing,        [](Scene& s) { Send(s.Raw(theContent), wxSysColourChangedEvent()); }},
     {"press",   "press",   PointAtContent, [](Scene&) { Press(); }},
     {"release", "release", [](Scene& s) { PointAtContent(s); Press(); }, [](Scene&) { Release(); }},
@@ -49,7 +46,7 @@ const Row popupRows[] = {
     {"ownerdestroy",   "destroy", Nothing, [](Scene& s) { s.native->Destroy(); }, theWindow},
     {"contentdestroy", "destroy", Nothing, [](Scene& s) { s.Raw(theContent)->Destroy(); }, theContent},
 };
-const Row ownerRows[] = { // of the owner, while its popup is shown
+const std::vector<Row> ownerRows = { // of the owner, while its popup is shown
     {"whileshown", "",      Nothing,                               Now},
     {"whilecaptured", "",   [](Scene& s) { s.Window(theContent)->CaptureMouse(); }, Now},
     {"whilehiding", "",     [](Scene& s) { s.popup->Hide(); },      Now}, // the focus is on its way
@@ -57,7 +54,7 @@ const Row ownerRows[] = { // of the owner, while its popup is shown
     {"focus",   "focus",   Nothing,                                [](Scene&) { MovePointer(900, 900); Click(); }}, // which hides the popup
     {"destroy", "destroy", Nothing,                                [](Scene& s) { s.native->Destroy(); }, theWindow},
 };
-const Row tipRows[] = {
+const std::vector<Row> tipRows = {
     {"whileshown", "",     PointAtTip, Now},
     {"whiledelayed", "",   [](Scene& s) { s.window->SetTooltipDelay(1); s.PointAt(theWindow, 160, 65); s.window->TrackTooltip(300, 300, "late"); }, Now},
     {"motion",  "motion",  PointAtTip, [](Scene& s) { MoveTo(s.tip, 7, 5); }},
@@ -70,7 +67,7 @@ const Row tipRows[] = {
     {"focus",   "focus",   [](Scene& s) { s.window->SetFocusOnClick(false); PointAtTip(s); }, [](Scene&) { Click(); }},
     {"destroy", "destroy", PointAtTip, [](Scene& s) { s.native->Destroy(); }, theWindow},
 };
-const Row layerRows[] = {
+const std::vector<Row> layerRows = {
     {"press",   "press",   PointAtLayer, [](Scene&) { Press(); }},
     {"draw",    "draw",    PointAtLayer, [](Scene& s) { s.Window(theLayer)->Invalidate(0, 0, 20, 20); Settle(); }},
     {"resize",  "resize",  [](Scene&) { MovePointer(500, 700); }, [](Scene& s) { s.tip->SetWidth(90), s.tip->SetHeight(40); Track(s, 120, 60); }},
@@ -86,15 +83,11 @@ void Popup(Scene& s)
     s.other->SetFocus();
     Settle();
 }
-void Tip(Scene& s)
-{
-    s.Build(Scene::child);
-}
-void Layer(Scene& s)
-{
+const Step Tip = [](Scene& s) { s.Build(Scene::child); };
+const Step Layer = [](Scene& s) {
     s.Build(Scene::child);
     s.MakeLayer();
-}
+};
 void HiddenLayer(Scene& s)
 {
     Layer(s);

@@ -56,21 +56,11 @@ struct Row // one notification
     Thing ends = nothing; // by itself
 };
 
-struct Rows
-{
-    template <std::size_t n>
-    Rows(const Row (&rows)[n]) : first(rows), last(rows + n)
-    {
-    }
-    std::size_t size() const { return static_cast<std::size_t>(last - first); }
-    const Row *first, *last;
-};
-
 struct Family // a scene and the notifications that there are in it
 {
     const char* name;
     Step make;
-    Rows rows;
+    const std::vector<Row>& rows;
     unsigned has;              // the things in it
     Thing subject = theWindow; // whose recorder springs; nothing: something else does
 };
@@ -201,11 +191,8 @@ void Send(wxWindow* window, Event event)
 
 // ---- steps
 
-inline void Nothing(Scene&) {}
-inline void Now(Scene& s)
-{
-    s.Spring();
-}
+const Step Nothing = [](Scene&) {};
+const Step Now = [](Scene& s) { s.Spring(); };
 void ByTimer(Scene& s);
 
 // Until all that has been left to an idle pass has ended.

@@ -9,30 +9,18 @@
 namespace vela7::test {
 namespace {
 
-void Point(Scene& s)
-{
-    s.PointAt(theWindow, 50, 40);
-}
-void Focus(Scene& s)
-{
-    s.window->SetFocus();
-}
+const Step Point = [](Scene& s) { s.PointAt(theWindow, 50, 40); };
+const Step Focus = [](Scene& s) { s.window->SetFocus(); };
 void Away(Scene& s) // first beside the window, if it does not fill everything
 {
     const wxPoint beside = s.frame->ClientToScreen(wxPoint(380, 190));
     MovePointer(beside.x, beside.y);
     MovePointer(700, 700);
 }
-void Hold(Scene& s)
-{
-    Focus(s), KeyDown(GDK_KEY_a);
-}
+const Step Hold = [](Scene& s) { Focus(s), KeyDown(GDK_KEY_a); };
 
 template <Thing... order>
-void Capture(Scene& s)
-{
-    (s.Window(order)->CaptureMouse(), ...);
-}
+const Step Capture = [](Scene& s) { (s.Window(order)->CaptureMouse(), ...); };
 template <Thing... order>
 void ReleaseAfter(Scene& s)
 {
@@ -41,7 +29,7 @@ void ReleaseAfter(Scene& s)
 }
 
 // clang-format off
-const Row windowRows[] = {
+const std::vector<Row> windowRows = {
     {"press",      "press",   Point,                                         [](Scene&) { Press(); }},
     {"rightpress", "press",   Point,                                         [](Scene&) { Press(rightButton); }},
     {"release",    "release", [](Scene& s) { Point(s); Press(); },           [](Scene&) { Release(); }},
@@ -70,15 +58,15 @@ const Row windowRows[] = {
     {"destroy",    "destroy", Nothing,                                       [](Scene& s) { s.native->Destroy(); }, theWindow},
 };
 // The window that fills its parent hears of some things through a handler on the parent.
-const Row fillingRows[] = {
+const std::vector<Row> fillingRows = {
     {"parentsize",  "resize", Nothing, [](Scene& s) { s.parent->SetSize(300, 150); Settle(); }},
     {"parentfocus", "focus",  Nothing, [](Scene& s) { Send(s.parent, wxFocusEvent(wxEVT_SET_FOCUS)); }},
 };
-const Row crowdedRows[] = {
+const std::vector<Row> crowdedRows = {
     {"draw",    "draw",    Nothing, [](Scene& s) { s.window->Invalidate(0, 0, 200, 100); Settle(); }},
     {"destroy", "destroy", Nothing, [](Scene& s) { s.native->Destroy(); }, theWindow},
 };
-const Row childRows[] = { // of the window's child
+const std::vector<Row> childRows = { // of the window's child
     {"draw",    "draw",    Nothing, [](Scene& s) { s.Window(theChild)->Invalidate(0, 0, 40, 30); Settle(); }},
     {"press",   "press",   Nothing, [](Scene& s) { s.PointAt(theWindow, 160, 70); Press(); }},
     {"resize",  "resize",  Nothing, [](Scene& s) { s.Window(theChild)->SetWindowRect(150, 60, 180, 80, true); }},
@@ -86,7 +74,7 @@ const Row childRows[] = { // of the window's child
 };
 
 // The host's handlers on the parent, which share its stack with ours. They go on to the next one or not.
-const Row parentRows[] = {
+const std::vector<Row> parentRows = {
     {"menu",     "", [](Scene& s) { s.Host(s.parent, wxEVT_MENU); },     [](Scene& s) { Send(s.parent, wxCommandEvent(wxEVT_MENU, 77)); }},
     {"motion",   "", [](Scene& s) { s.Host(s.parent, wxEVT_MOTION); },   [](Scene& s) { Send(s.parent, wxMouseEvent(wxEVT_MOTION)); }},
     {"idle",     "", [](Scene& s) { s.Host(s.parent, wxEVT_IDLE); },     [](Scene&) { Settle(); }},
@@ -98,7 +86,7 @@ const Row parentRows[] = {
     {"command",  "", [](Scene& s) { s.Host(s.parent, wxEVT_BUTTON); },   [](Scene& s) { Send(s.native, wxCommandEvent(wxEVT_BUTTON)); }},
 };
 // On the native window itself: after ours.
-const Row nativeRows[] = {
+const std::vector<Row> nativeRows = {
     {"press",   "", [](Scene& s) { Point(s); s.Host(s.native, wxEVT_LEFT_DOWN); },        [](Scene&) { Press(); }},
     {"release", "", [](Scene& s) { Point(s); Press(); s.Host(s.native, wxEVT_LEFT_UP); }, [](Scene&) { Release(); }},
     {"double",  "", [](Scene& s) { Point(s); s.Host(s.native, wxEVT_LEFT_DCLICK); },      [](Scene&) { DoubleClick(); }},
@@ -115,7 +103,7 @@ const Row nativeRows[] = {
     {"command", "", [](Scene& s) { s.Host(s.native, wxEVT_BUTTON); },                     [](Scene& s) { Send(s.native, wxCommandEvent(wxEVT_BUTTON)); }},
 };
 // In the middle of captures of the mouse, in this order; whoever is left releases it.
-const Row captureRows[] = {
+const std::vector<Row> captureRows = {
     {"whilebelow",  "", Capture<theWindow, theSibling>,            ReleaseAfter<theSibling, theWindow>},
     {"whileabove",  "", Capture<theSibling, theWindow>,            ReleaseAfter<theWindow, theSibling>},
     {"whilechild",  "", Capture<theWindow, theChild>,              ReleaseAfter<theChild, theWindow>},
@@ -139,11 +127,10 @@ void Crowded(Scene& s)
     s.text.Reset();
 }
 template <Scene::Shape shape, bool skips = false>
-void Plain(Scene& s)
-{
+const Step Plain = [](Scene& s) {
     s.hostSkips = skips;
     s.Build(shape);
-}
+};
 
 } // namespace
 
