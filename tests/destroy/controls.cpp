@@ -1,8 +1,6 @@
 // The notifications of editors, combo boxes, scroll bars, held controls and menus on a toolkit window.
 #include "scene.h"
 
-#include <wx/scrolbar.h>
-
 namespace vela7::test {
 namespace {
 

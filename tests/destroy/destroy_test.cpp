@@ -1,6 +1,6 @@
 // Whatever is ended inside whatever notification, with or without an event loop afterwards: nothing is
 // touched that is gone, everything ends once, and the frame works on. A share of the cells is in the suite;
-// scripts/destroy runs them all, each on its own if need be.
+// scripts/destroy runs them all.
 #include "scene.h"
 
 #include <stdexcept>
@@ -107,7 +107,7 @@ bool IsLeftOut(const Cell& cell)
                        [&](const auto& row) { return cell.Is(row.stages, row.victims, row.afters); });
 }
 
-// One cell in so many is in the suite, which still comes by every notification.
+// One cell in seventeen is in the suite.
 std::vector<Cell> Cells(bool suite)
 {
     static const std::vector<Family> families[] = {WindowFamilies(), ControlFamilies(), PopupFamilies()};

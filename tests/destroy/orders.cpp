@@ -1,8 +1,6 @@
 // Three steps, each harmless alone: what was pushed, grabbed or popped up ends in another order than it came.
 #include "scene.h"
 
-#include <wx/sizer.h>
-
 using namespace vela7;
 using namespace vela7::test;
 

@@ -1,8 +1,6 @@
 // The notifications of popups' contents and of what tips hand on to their owners.
 #include "scene.h"
 
-#include <wx/app.h>
-
 namespace vela7::test {
 namespace {
 
