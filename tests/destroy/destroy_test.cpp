@@ -71,30 +71,16 @@ const After afters[] = {
 };
 
 // Cells to which there is no answer, here or in plain wx.
-const struct { const char *stages, *victims, *afters; } leftOut[] = {
-    // C++: its destructor is running.
-    {"*_*destroy",       "*deleted",       "*"},
-    // wx deletes it at once, below its own event.
-    {"On*",              "deleted",        "*"},
-    {"On*",              "panel",          "*"},
-    {"On*",              "grand",          "*"},
-    {"On*",              "children",       "*"},
-    {"On*",              "handleandpanel", "*"},
-    // The exceptions of a host's own handlers are its own; a host has no listeners.
-    {"On*",              "thrown",         "*"},
-    {"On*",              "listeners",      "*"},
-    {"*_while*",         "thrown",         "*"},
-    {"*_while*",         "listeners",      "*"},
-    // wx deletes the frame in the loop also below an event of its own or of a panel on it.
-    {"OnFrame*",         "frame",          "loop"},
-    {"OnPanel*",         "frame",          "loop"},
-    // Tab leads on, out of the window around.
-    {"Nested_tab",       "*",              "*"},
-    // wx goes on with a window that it hides.
-    {"Held*_hideout",    "control*",       "*"},
-    {"Elsewhere_hideout", "stranger*",     "*"},
-    // There is no loop after an exception.
-    {"*",                "thrown",         "[ld]*"},
+const struct { const char *stages, *victims, *afters, *reason; } leftOut[] = {
+    {"*_*destroy",        "*deleted",  "*",      "C++: its destructor is running"},
+    {"On*", "@(deleted|panel|grand|children|handleandpanel)", "*", "wx deletes it at once, below its own event"},
+    {"On@(Frame|Panel)*", "frame",     "loop",   "wx deletes it in the loop, below an event of its own or of its panel"},
+    {"@(On*|*_while*)",   "@(thrown|listeners)", "*", "a host's own handlers have neither"},
+    {"Crowded*",          "executed",  "*",      "it would wait for its user"},
+    {"Held*_hideout",     "control*",  "*",      "wx goes on with a window that it hides"},
+    {"Elsewhere_hideout", "stranger*", "*",      "the same"},
+    {"Nested_tab",        "*",         "*",      "Tab leads on, out of the window around"},
+    {"*",                 "thrown",    "[ld]*",  "there is no loop after an exception"},
 };
 // clang-format on
 

@@ -6,16 +6,7 @@ using namespace vela7::test;
 
 namespace {
 
-struct Order
-{
-    const char* name;
-    Step run;
-};
-
-std::ostream& operator<<(std::ostream& out, const Order& order)
-{
-    return out << order.name;
-}
+using Order = std::pair<const char*, Step>;
 
 struct Popups // two, the second of the same owner or of the first one's content
 {
@@ -135,9 +126,9 @@ class Orders : public Scene, public testing::WithParamInterface<Order>
 
 TEST_P(Orders, Safe)
 {
-    GetParam().run(*this);
+    GetParam().second(*this);
     FrameWorks();
 }
 
 INSTANTIATE_TEST_SUITE_P(, Orders, testing::ValuesIn(orders),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& info) { return std::string(info.param.first); });

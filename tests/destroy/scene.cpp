@@ -32,15 +32,13 @@ const struct { const char* name; Thing with; } endings[thingCount] = {
 
 // What GTK complains of without us, when a focus is gone before it has come.
 const struct { const char *stages, *text; } excused[] = {
-    {"*_focus*",  "g_object_notify"},
-    {"*_clickin", "g_object_notify"},
-    {"*_parentfocus", "g_object_notify"},
+    {"*_@(focus*|clickin|parentfocus)", "g_object_notify"},
 };
 // clang-format on
 
 bool Matches(const char* pattern, const std::string& name)
 {
-    return fnmatch(pattern, name.c_str(), 0) == 0;
+    return fnmatch(pattern, name.c_str(), FNM_EXTMATCH) == 0;
 }
 
 bool IsExcused(const Cell& cell, const std::string& message)

@@ -13,29 +13,24 @@
 
 namespace vela7::test {
 
+// clang-format off
 // What may end. The table in scene.cpp says what ends with what.
 enum Thing
 {
     nothing,
-    theFrame,
-    theGrand,
-    thePanel,
+    theFrame, theGrand, thePanel,
     theOuter, // toolkit window around the window, in some scenes
-    theWindow,
-    theChild,
-    theSibling,
+    theWindow, theChild, theSibling,
     theControl,  // on the window: editor, combo box, bar or held control
     theStranger, // held control elsewhere
     theHolder,   // of a control that lives on
-    thePopup,
-    theContent,
-    theTip,
-    theLayer,
+    thePopup, theContent, theTip, theLayer,
     thingCount,
     // Not watched; they tell what there is to end.
     theHandle = thingCount, // of a control that ends with it
     theMenus
 };
+// clang-format on
 constexpr unsigned Set(Thing thing)
 {
     return 1u << thing;
