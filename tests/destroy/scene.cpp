@@ -111,7 +111,7 @@ bool Cell::Is(const char* stages, const char* victims, const char* afters) const
 void Scene::Watch(Thing thing, wxWindow* watched)
 {
     m_watched[thing].made = watched;
-    m_watched[thing].native = watched;
+    m_watched[thing].native.emplace(watched);
 }
 
 void Scene::Watch(Thing thing, ISysWindow* watched)
@@ -297,8 +297,8 @@ void Scene::CheckThing(Thing thing, bool ends)
 {
     SCOPED_TRACE(endings[thing].name);
     const Watched& entry = m_watched[thing];
-    EXPECT_TRUE(!entry.native || !ends) << "its native window lives";
-    EXPECT_TRUE(entry.native || ends || !entry.made) << "its native window is gone";
+    EXPECT_TRUE(!Lives(thing) || !ends) << "its native window lives";
+    EXPECT_TRUE(Lives(thing) || ends || !entry.made) << "its native window is gone";
     EXPECT_TRUE(!entry.life.IsAlive() || !ends) << "it lives";
     if (!entry.heard)
         return;

@@ -10,6 +10,7 @@
 #include "vela7/wxtooltip.h"
 
 #include <array>
+#include <optional>
 
 namespace vela7::test {
 
@@ -126,7 +127,7 @@ public:
     }
     ISysWindow* Window(Thing thing) const { return m_watched[thing].window; }
     wxWindow* Raw(Thing thing) const { return m_watched[thing].made; }
-    bool Lives(Thing thing) const { return m_watched[thing].native; }
+    bool Lives(Thing thing) const { return m_watched[thing].native && *m_watched[thing].native; }
     void PointAt(Thing thing, int x, int y) { test::PointAt(Raw(thing), x, y); }
     void Check(const Cell& cell); // what has ended and what has not
     void FrameWorks();            // it hears keys and clicks, and nothing is grabbed
@@ -152,7 +153,7 @@ private:
     struct Watched
     {
         wxWindow* made = nullptr; // also when it is gone
-        wxWeakRef<wxWindow> native;
+        std::optional<wxWeakRef<wxWindow>> native;
         CLifeWatch life;
         ISysWindow* window = nullptr;
         std::unique_ptr<Recorder> heard;
