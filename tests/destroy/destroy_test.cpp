@@ -13,12 +13,12 @@ namespace {
 template <Thing thing>
 void Destroys(Scene& s)
 {
-    s.Raw(thing)->Destroy();
+    s.Lives(thing) ? s.Raw(thing)->Destroy() : false; // it may have gone before the one that is going
 }
 template <Thing thing>
 void Deletes(Scene& s)
 {
-    delete s.Raw(thing);
+    delete (s.Lives(thing) ? s.Raw(thing) : nullptr);
 }
 void DeleteItem(Scene& s, int menu, int place)
 {
@@ -77,6 +77,7 @@ const struct { const char *stages, *victims, *afters, *reason; } leftOut[] = {
     {"On@(Frame|Panel)*", "frame",     "loop",   "wx deletes it in the loop, below an event of its own or of its panel"},
     {"@(On*|*_while*)",   "@(thrown|listeners)", "*", "a host's own handlers have neither"},
     {"Crowded*",          "executed",  "*",      "it would wait for its user"},
+    {"Menu_command",      "submenu",   "*",      "what was chosen is no longer in the menu"},
     {"Held*_hideout",     "control*",  "*",      "wx goes on with a window that it hides"},
     {"Elsewhere_hideout", "stranger*", "*",      "the same"},
     {"Nested_tab",        "*",         "*",      "Tab leads on, out of the window around"},
