@@ -1,38 +1,22 @@
 // The notifications of editors, combo boxes, scroll bars, held controls and menus on a toolkit window.
 #include "scene.h"
 
-#include <wx/scrolbar.h>
-
 namespace vela7::test {
 namespace {
 
-void Point(Scene& s)
-{
-    PointAt(s.nativeControl, 20, 12);
-}
-void Nothing(Scene&) {}
-void Leave(Scene& s)
-{
-    s.native->SetFocus();
-}
-void Enter(Scene& s)
-{
-    s.control->SetFocus();
-}
+const Step Point = [](Scene& s) { PointAt(s.nativeControl, 20, 12); };
+const Step Leave = [](Scene& s) { s.native->SetFocus(); };
+const Step Enter = [](Scene& s) { s.control->SetFocus(); };
 
-void ExpectOpenList()
+void ExpectList()
 {
     WaitFor([] { return gtk_grab_get_current() != nullptr; }, "an open list");
 }
-void OpenList(Scene& s)
-{
-    PointAt(s.nativeControl, 130, 15);
-    Click();
-    ExpectOpenList();
-}
+const Step OpenList = [](Scene& s) { PointAt(s.nativeControl, 130, 15), Click(), ExpectList(); };
+const Step List = [](Scene&) { KeyDown(GDK_KEY_Alt_L), KeyDown(GDK_KEY_Down), ReleaseAll(), ExpectList(); };
 
 // clang-format off
-const Row editRows[] = {
+const std::vector<Row> editRows = {
     {"keydown",  "keydown", Nothing, [](Scene&) { KeyDown(GDK_KEY_a); }},
     {"tabkey",   "keydown", Nothing, [](Scene&) { KeyDown(GDK_KEY_Tab); }},
     {"char",     "char",    Nothing, [](Scene&) { KeyDown(GDK_KEY_a); }},
@@ -47,16 +31,18 @@ const Row editRows[] = {
     {"focusin",  "in",      Leave,   Enter},
     {"clickin",  "in",      [](Scene& s) { Leave(s); Point(s); }, [](Scene&) { Press(); }},
     {"whilefocused", "",     Nothing, Now},
-    {"enter",    "enter",   Nothing, [](Scene&) { KeyDown(GDK_KEY_Return); }}, // not with several lines
 };
-const Row comboRows[] = {
+const std::vector<Row> enterRows = { // with one line
+    {"enter", "enter", Nothing, [](Scene&) { KeyDown(GDK_KEY_Return); }},
+};
+const std::vector<Row> comboRows = {
     {"button",   "out",      [](Scene& s) { PointAt(s.nativeControl, 130, 15); }, [](Scene&) { Press(); }},
-    {"item",     "item",     [](Scene& s) { OpenList(s); Tap(GDK_KEY_Down); }, [](Scene&) { Tap(GDK_KEY_Return); }},
+    {"item",     "item",     [](Scene& s) { List(s); Tap(GDK_KEY_Down); Tap(GDK_KEY_Down); }, [](Scene&) { Tap(GDK_KEY_Return); }},
     {"whileopen",  "", OpenList, Now}, // GTK has a grab then
-    {"whilelisted", "", [](Scene&) { KeyDown(GDK_KEY_Alt_L); KeyDown(GDK_KEY_Down); ReleaseAll(); ExpectOpenList(); }, ByTimer},
+    {"whilelisted", "", List, ByTimer},
     {"itemevent", "item",    Nothing, [](Scene& s) { Send(s.nativeControl, wxCommandEvent(wxEVT_COMBOBOX)); }},
 };
-const Row barRows[] = {
+const std::vector<Row> barRows = {
     {"page",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Click(rightButton); }},
     {"press",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Press(); }},
     {"drag",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 110, 5); Press(); },
@@ -67,14 +53,14 @@ const Row barRows[] = {
     {"wheel",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 100, 5); }, [](Scene&) { WheelDown(); }},
     {"event",  "scroll", Nothing, [](Scene& s) { Send(s.nativeControl, wxScrollEvent(wxEVT_SCROLL_TOP)); }},
 };
-const Row heldRows[] = {
+const std::vector<Row> heldRows = {
     {"whilefocused", "", Enter, Now},
     {"focusin",  "in",  Nothing, Enter},
     {"clickin",  "in",  Point,   [](Scene&) { Press(); }},
     {"focusout", "out", Enter,   [](Scene& s) { s.other->SetFocus(); }},
     {"hideout",  "out", Enter,   [](Scene& s) { s.control->SetVisible(false); }},
 };
-const Row menuRows[] = {
+const std::vector<Row> menuRows = {
     {"command", "command", Nothing, [](Scene& s) {
         MenuTree& m = *s.menus;
         EXPECT_EQ(302, m.Execute({m.toDeep, m.toDeeper, m.items[2]})) << "the choice is made"; }},
@@ -98,44 +84,37 @@ void Combo(Scene& s)
     s.MakeCombo(editable);
     s.text->SetText(editable ? "old" : "one"), s.text->SetFocus();
 }
-void Bar(Scene& s)
-{
+const Step Bar = [](Scene& s) {
     s.Build(Scene::child);
     s.MakeBar();
-}
-template <bool autoDelete>
-void Held(Scene& s)
-{
+};
+template <bool autoDelete, bool elsewhere> // not on the window that hears of its focus
+const Step Held = [](Scene& s) {
     s.Build(Scene::child);
-    s.MakeHeld(autoDelete, false);
-}
-void HeldElsewhere(Scene& s) // the control is not on the window that hears of its focus
-{
+    s.MakeHeld(autoDelete, elsewhere);
+};
+const Step Menus = [](Scene& s) {
     s.Build(Scene::child);
-    s.MakeHeld(false, true);
-}
-void Menus(Scene& s)
-{
-    s.Build(Scene::child);
-    s.MakeMenus();
-}
+    s.menus = std::make_unique<MenuTree>(*s.window);
+};
 
 } // namespace
 
 std::vector<Family> ControlFamilies()
 {
-    constexpr unsigned withControl = onPanel | Set(theControl), own = withControl | Set(theHandle);
-    return {{"Edit", Edit<0>, editRows, std::size(editRows), own, nothing},
-            {"Lines", Edit<esMultiLine>, editRows, std::size(editRows) - 1, own, nothing},
-            {"Combo", Combo<true>, editRows, std::size(editRows), own, nothing},
-            {"Combo", Combo<true>, comboRows, std::size(comboRows), own, nothing},
-            {"Choice", Combo<false>, comboRows, std::size(comboRows), own, nothing},
-            {"Bar", Bar, barRows, std::size(barRows), own, nothing},
-            {"Held", Held<false>, heldRows, std::size(heldRows), withControl | Set(theHolder), nothing},
-            {"HeldAuto", Held<true>, heldRows, std::size(heldRows), withControl, nothing},
-            {"Elsewhere", HeldElsewhere, heldRows, std::size(heldRows),
-             onPanel | Set(theStranger) | Set(theHolder), nothing},
-            {"Menu", Menus, menuRows, std::size(menuRows), onPanel | Set(theMenus), nothing}};
+    constexpr unsigned held = onPanel | Set(theControl), own = held | Set(theHandle);
+    return {{"Edit", Edit<0>, editRows, own, nothing},
+            {"Edit", Edit<0>, enterRows, own, nothing},
+            {"Lines", Edit<esMultiLine>, editRows, own, nothing},
+            {"Combo", Combo<true>, editRows, own, nothing},
+            {"Combo", Combo<true>, enterRows, own, nothing},
+            {"Combo", Combo<true>, comboRows, own, nothing},
+            {"Choice", Combo<false>, comboRows, own, nothing},
+            {"Bar", Bar, barRows, own, nothing},
+            {"Held", Held<false, false>, heldRows, held | Set(theHolder), nothing},
+            {"HeldAuto", Held<true, false>, heldRows, held, nothing},
+            {"Elsewhere", Held<false, true>, heldRows, onPanel | Set(theStranger) | Set(theHolder), nothing},
+            {"Menu", Menus, menuRows, onPanel | Set(theMenus), nothing}};
 }
 
 } // namespace vela7::test

@@ -1,23 +1,12 @@
 // Three steps, each harmless alone: what was pushed, grabbed or popped up ends in another order than it came.
 #include "scene.h"
 
-#include <wx/sizer.h>
-
 using namespace vela7;
 using namespace vela7::test;
 
 namespace {
 
-struct Order
-{
-    const char* name;
-    Step run;
-};
-
-std::ostream& operator<<(std::ostream& out, const Order& order)
-{
-    return out << order.name;
-}
+using Order = std::pair<const char*, Step>;
 
 struct Popups // two, the second of the same owner or of the first one's content
 {
@@ -25,7 +14,7 @@ struct Popups // two, the second of the same owner or of the first one's content
     {
         s.Build(Scene::child);
         s.MakePopup();
-        second = nested ? s.content->CreatePopup() : s.window->CreatePopup();
+        second = nested ? s.Window(theContent)->CreatePopup() : s.window->CreatePopup();
         second->SetSize(60, 50);
         s.popup->Show(600, 200);
         second->Show(800, 400);
@@ -51,16 +40,11 @@ void RemoveInOrder(Scene& s, const std::array<int, 3>& order)
     natives[0] = Native(new CwxSysWindow(panel, false, ISysWindow::wtNormal));
     panel->PushEventHandler(&foreign);
     natives[1] = Native(new CwxSysWindow(panel, false, ISysWindow::wtNormal));
-    int height = 150;
-    for (const int which : order) {
-        panel->SetSize(300, ++height);
-        wxWindow* const top = natives[1] ? natives[1] : natives[0];
-        EXPECT_TRUE(!top || top->GetSize() == wxSize(300, height));
+    for (const int which : order)
         if (which == 2)
             panel->RemoveEventHandler(&foreign);
         else
-            std::exchange(natives[which], nullptr)->Destroy();
-    }
+            natives[which]->Destroy(), panel->SetSize(300, 100 + which);
     EXPECT_EQ(panel, panel->GetEventHandler());
     panel->Destroy();
 }
@@ -71,7 +55,7 @@ void Queued(Scene& s, const char* hook, Give give)
 {
     s.Build(Scene::child);
     s.window->SetFocus();
-    s.PointAt(50, 40);
+    s.PointAt(theWindow, 50, 40);
     Recorder heard(s.window);
     heard.HearAll();
     heard.DoIn(hook, [&](CEvent&) { s.native->Destroy(); });
@@ -90,39 +74,39 @@ const Order orders[] = {
     {"PopupsOwnerDies",  [](Scene& s) { Popups p(s, false); s.native->Destroy(); Settle(); EXPECT_FALSE(s.popup || p.second); }},
     {"OuterPopupHides",  [](Scene& s) { Popups p(s, true); s.popup->Hide(); Settle(); EXPECT_FALSE(p.second->IsVisible()); }},
     {"OuterPopupDies",   [](Scene& s) { Popups p(s, true); s.popup.Reset(); Settle(); EXPECT_FALSE(p.second); }},
-    {"OuterContentDies", [](Scene& s) { Popups p(s, true); Native(s.content)->Destroy(); Settle(); EXPECT_FALSE(p.second); }},
+    {"OuterContentDies", [](Scene& s) { Popups p(s, true); s.Raw(theContent)->Destroy(); Settle(); EXPECT_FALSE(p.second); }},
     {"InnerPopupDies",   [](Scene& s) { Popups p(s, true); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
     {"InnerCapturesOuterDies", [](Scene& s) { Popups p(s, true); p.second->GetContent()->CaptureMouse(); s.popup.Reset(); Settle(); EXPECT_FALSE(p.second); }},
-    {"BelowPopupsCaptureDies", [](Scene& s) { Popups p(s, false); s.sibling->CaptureMouse(); s.content->CaptureMouse(); Native(s.sibling)->Destroy(); s.content->ReleaseMouse(); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
+    {"BelowPopupsCaptureDies", [](Scene& s) { Popups p(s, false); s.Window(theSibling)->CaptureMouse(); s.Window(theContent)->CaptureMouse(); s.Raw(theSibling)->Destroy(); s.Window(theContent)->ReleaseMouse(); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
     {"TipsPopupHides",   [](Scene& s) {
         s.Build(Scene::child), s.MakePopup(), s.popup->Show(600, 200), Settle();
-        s.content->SetTooltipDelay(0);
-        PointAt(Native(s.content), 20, 20);
-        s.content->TrackTooltip(620, 230, "tip");
-        EXPECT_TRUE(s.content->IsTooltipVisible());
+        s.Window(theContent)->SetTooltipDelay(0);
+        PointAt(s.Raw(theContent), 20, 20);
+        s.Window(theContent)->TrackTooltip(620, 230, "tip");
+        EXPECT_TRUE(s.Window(theContent)->IsTooltipVisible());
         s.popup->Hide(), Settle();
-        EXPECT_FALSE(s.content->IsTooltipVisible()); }},
+        EXPECT_FALSE(s.Window(theContent)->IsTooltipVisible()); }},
     {"PushedHandlers",   [](Scene& s) {
         std::array<int, 3> order{0, 1, 2};
         do
             RemoveInOrder(s, order);
         while (std::next_permutation(order.begin(), order.end())); }},
-    {"FilledParentDies", [](Scene& s) { s.Build(Scene::filling); new CwxSysWindow(s.panel, false, ISysWindow::wtNormal); s.panel->Destroy(); }},
+    {"FilledParentDies", [](Scene& s) { s.Build(Scene::filling); new CwxSysWindow(s.Raw(thePanel), false, ISysWindow::wtNormal); s.Raw(thePanel)->Destroy(); }},
     {"OldParentDies",    [](Scene& s) {
-        s.Build(Scene::filling), s.native->Reparent(s.grand), s.panel->Destroy();
+        s.Build(Scene::filling), s.native->Reparent(s.Raw(theGrand)), s.Raw(thePanel)->Destroy();
         s.native->SetSize(0, 0, 50, 40), Settle();
         s.native->Destroy(); }},
     {"NewParentDies",    [](Scene& s) {
         s.Build(Scene::filling);
         auto* const other = new wxPanel(s.frame);
         s.native->Reparent(other), other->Destroy();
-        s.panel->SetSize(300, 150), Settle();
-        EXPECT_EQ(s.panel, s.panel->GetEventHandler()); }},
+        s.Raw(thePanel)->SetSize(300, 150), Settle();
+        EXPECT_EQ(s.Raw(thePanel), s.Raw(thePanel)->GetEventHandler()); }},
     {"MovedAndBack",     [](Scene& s) {
-        s.Build(Scene::filling), s.native->Reparent(s.grand), s.native->Reparent(s.panel);
-        s.panel->SetSize(300, 150), Settle();
+        s.Build(Scene::filling), s.native->Reparent(s.Raw(theGrand)), s.native->Reparent(s.Raw(thePanel));
+        s.Raw(thePanel)->SetSize(300, 150), Settle();
         s.native->Destroy();
-        EXPECT_EQ(s.panel, s.panel->GetEventHandler()); }},
+        EXPECT_EQ(s.Raw(thePanel), s.Raw(thePanel)->GetEventHandler()); }},
     {"QueuedClicks",     [](Scene& s) { Queued(s, "press", [](bool down) { x11::Button(1, down); }); }},
     {"QueuedKeys",       [](Scene& s) { Queued(s, "keydown", [](bool down) { x11::Key(GDK_KEY_a, down); }); }},
     {"PainterOutlives",  [](Scene& s) {
@@ -142,9 +126,9 @@ class Orders : public Scene, public testing::WithParamInterface<Order>
 
 TEST_P(Orders, Safe)
 {
-    GetParam().run(*this);
+    GetParam().second(*this);
     FrameWorks();
 }
 
 INSTANTIATE_TEST_SUITE_P(, Orders, testing::ValuesIn(orders),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& info) { return std::string(info.param.first); });

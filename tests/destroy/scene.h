@@ -6,47 +6,39 @@
 #include "wx/menudriver.h"
 
 #include "vela7/popup.h"
-#include "vela7/wxcustomcontrol.h"
-#include "vela7/wxscrollbar.h"
+#include "vela7/scrollbar.h"
 #include "vela7/wxtooltip.h"
 
-#include <wx/textctrl.h>
-
 #include <array>
-#include <ostream>
+#include <optional>
 
 namespace vela7::test {
 
+// clang-format off
 // What may end. The table in scene.cpp says what ends with what.
 enum Thing
 {
     nothing,
-    theFrame,
-    theGrand,
-    thePanel,
+    theFrame, theGrand, thePanel,
     theOuter, // toolkit window around the window, in some scenes
-    theWindow,
-    theChild,
-    theSibling,
+    theWindow, theChild, theSibling,
     theControl,  // on the window: editor, combo box, bar or held control
     theStranger, // held control elsewhere
     theHolder,   // of a control that lives on
-    thePopup,
-    theContent,
-    theTip,
-    theLayer,
+    thePopup, theContent, theTip, theLayer,
     thingCount,
     // Not watched; they tell what there is to end.
     theHandle = thingCount, // of a control that ends with it
     theMenus
 };
-using Things = std::array<Thing, 3>;
+// clang-format on
 constexpr unsigned Set(Thing thing)
 {
     return 1u << thing;
 }
 constexpr unsigned onFrame = Set(theFrame) | Set(theWindow) | Set(theChild) | Set(theSibling);
 constexpr unsigned onPanel = onFrame | Set(theGrand) | Set(thePanel);
+constexpr unsigned onOuter = onPanel | Set(theOuter);
 
 class Scene;
 using Step = void (*)(Scene&);
@@ -54,7 +46,7 @@ using Step = void (*)(Scene&);
 struct Row // one notification
 {
     const char* name;
-    const char* hook; // as the recorders call it
+    const char* hook; // as the recorders call it; none for a call of the host or its timer
     Step prepare;     // before anybody listens
     Step provoke;
     Thing ends = nothing; // by itself
@@ -64,8 +56,7 @@ struct Family // a scene and the notifications that there are in it
 {
     const char* name;
     Step make;
-    const Row* rows;
-    std::size_t count;
+    const std::vector<Row>& rows;
     unsigned has;              // the things in it
     Thing subject = theWindow; // whose recorder springs; nothing: something else does
 };
@@ -73,9 +64,9 @@ struct Family // a scene and the notifications that there are in it
 struct Victim
 {
     const char* name;
-    Things ends;
-    unsigned needs; // one of these is in the scene
+    std::array<Thing, 3> ends;
     Step kill;
+    unsigned needs = 0;    // one of these is in the scene; 0: the first that ends
     bool inDialog = false; // also with a modal dialog afterwards
 };
 
@@ -91,27 +82,17 @@ struct Cell
     const Row* row;
     const Victim* victim;
     const After* after;
-    bool Is(const char* stages, const char* victims) const; // by patterns of the shell
     std::string Name() const;
+    bool Is(const char* stages, const char* victims, const char* afters = "*") const; // shell patterns
 };
 inline std::ostream& operator<<(std::ostream& out, const Cell& cell)
 {
     return out << cell.Name();
 }
 
-// The families of each file.
 std::vector<Family> WindowFamilies();
-std::vector<Family> HostFamilies();
 std::vector<Family> ControlFamilies();
 std::vector<Family> PopupFamilies();
-
-// A listener of bars and menus.
-struct Ear : CSubscriber<IScrollBarNotify>, CSubscriber<IMenuNotify>
-{
-    void OnScroll(CScrollEvent*) override { heard(); }
-    void OnMenuCommand(CMenuEvent*) override { heard(); }
-    std::function<void()> heard;
-};
 
 class Scene : public GuiTest
 {
@@ -129,49 +110,38 @@ public:
     void MakeBar();
     void MakeHeld(bool autoDelete, bool elsewhere);
     void MakePopup();
-    void MakeTip();
     void MakeLayer();
-    void MakeMenus();
 
-    // Has the notification of the cell spring.
-    void Arm(const Cell& cell);
+    void Arm(const Cell& cell); // has its notification spring
     void Spring();
-    // The same from a host's own handler, which may go on to the next one.
+    void Forget(); // ends what Arm began
+    // Has a host's own handler spring, and go on to the next handler or not.
     template <class Type>
     void Host(wxEvtHandler* on, const Type& type)
     {
-        on->Bind(type, [this](wxEvent& event) {
-            const bool skips = hostSkips; // the handler may be gone afterwards
+        on->Bind(type, [this, skips = hostSkips](wxEvent& event) {
+            const bool goesOn = skips; // the handler may be gone afterwards
             Spring();
-            event.Skip(skips);
+            event.Skip(goesOn);
         });
     }
-    void Forget(); // ends what Arm began
-    void PointAt(int x, int y) { test::PointAt(native, x, y); }
-    void HideOthers() { other->Hide(), sibling ? sibling->SetVisible(false) : void(); }
-    void DropAll() { control.Reset(), popup.Reset(), menus ? menus->Reset() : void(); }
-    bool Lives(Thing thing) const;
-    ISysWindow* Toolkit(Thing thing) const; // window
-
+    ISysWindow* Window(Thing thing) const { return m_watched[thing].window; }
+    wxWindow* Raw(Thing thing) const { return m_watched[thing].made; }
+    bool Lives(Thing thing) const { return m_watched[thing].native && *m_watched[thing].native; }
+    void PointAt(Thing thing, int x, int y) { test::PointAt(Raw(thing), x, y); }
     void Check(const Cell& cell); // what has ended and what has not
     void FrameWorks();            // it hears keys and clicks, and nothing is grabbed
 
     using GuiTest::frame;
-    wxWindow *grand = nullptr, *panel = nullptr; // null where the window fills the frame
-    wxWindow* parent = nullptr;                  // of the native window
-    ISysWindow* outer = nullptr;
+    wxWindow* parent = nullptr; // of the native window
     CwxSysWindow* window = nullptr;
     wxWindow* native = nullptr;
-    ISysWindow* inner = nullptr; // child of the window
-    CwxSysWindow* sibling = nullptr;
-    wxTextCtrl* other = nullptr; // takes the focus
+    wxWindow* other = nullptr; // takes the focus
     CHandle<ICustomControl> control;
     CHandle<IInplaceEdit> text; // the same, while it is prepared
     wxWindow* nativeControl = nullptr;
     CHandle<IPopup> popup;
-    ISysWindow* content = nullptr;
     CwxTooltip* tip = nullptr;
-    ISysWindow* layer = nullptr;
     std::unique_ptr<MenuTree> menus;
     bool hostSkips = false;
     int calls = 0; // of the armed notification
@@ -182,21 +152,30 @@ protected:
 private:
     struct Watched
     {
-        bool made = false;
-        wxWeakRef<wxWindow> native;
+        wxWindow* made = nullptr; // also when it is gone
+        std::optional<wxWeakRef<wxWindow>> native;
         CLifeWatch life;
-        std::unique_ptr<Recorder> heard; // of toolkit windows
+        ISysWindow* window = nullptr;
+        std::unique_ptr<Recorder> heard;
     };
-    void Watch(Thing thing, wxWindow* watched, const CBase* toolkit, ISysWindow* listened = nullptr);
+    struct Ear : CSubscriber<IScrollBarNotify>, CSubscriber<IMenuNotify>
+    {
+        explicit Ear(Scene& of) : scene(of) {}
+        void OnScroll(CScrollEvent*) override { scene.Spring(); }
+        void OnMenuCommand(CMenuEvent*) override { scene.Spring(); }
+        Scene& scene;
+    };
+    void Watch(Thing thing, wxWindow* watched);
+    void Watch(Thing thing, ISysWindow* watched);
     void Hold(CHandle<ICustomControl> made, Thing as = theControl);
-    void CheckThing(Thing thing, bool ends);
     bool EndsWith(Thing thing, const Cell& cell) const;
+    void CheckThing(Thing thing, bool ends);
 
     const Cell* m_cell = nullptr;
     std::array<Watched, thingCount> m_watched;
     std::unique_ptr<Recorder> m_first, m_second;
     std::unique_ptr<EditRecorder> m_edits;
-    Ear m_ear;
+    Ear m_ear{*this};
 };
 
 template <class Event>
@@ -206,15 +185,14 @@ void Send(wxWindow* window, Event event)
     window->HandleWindowEvent(event);
 }
 
-// Rows without a notification: in the middle of something else, by a call of the host or by its timer.
-inline void Now(Scene& s)
-{
-    s.Spring();
-}
+// ---- steps
+
+const Step Nothing = [](Scene&) {};
+const Step Now = [](Scene& s) { s.Spring(); };
 void ByTimer(Scene& s);
 
 // Until all that has been left to an idle pass has ended.
 void RunLoopUntilIdle(Scene&);
-void ShowModalDialog(Scene&); // for the same time
+void ShowModalDialog(Scene&);
 
 } // namespace vela7::test

@@ -1,50 +1,40 @@
 // The notifications of toolkit windows, and the host's own handlers on and above them.
 #include "scene.h"
 
+#include "vela7/wxcustomcontrol.h"
+
 #include <wx/button.h>
+#include <wx/textctrl.h>
 
 namespace vela7::test {
 namespace {
 
-void Nothing(Scene&) {}
-void Point(Scene& s)
-{
-    s.PointAt(50, 40);
-}
-void Focus(Scene& s)
-{
-    s.window->SetFocus();
-}
+const Step Point = [](Scene& s) { s.PointAt(theWindow, 50, 40); };
+const Step Focus = [](Scene& s) { s.window->SetFocus(); };
 void Away(Scene& s) // first beside the window, if it does not fill everything
 {
     const wxPoint beside = s.frame->ClientToScreen(wxPoint(380, 190));
     MovePointer(beside.x, beside.y);
     MovePointer(700, 700);
 }
-void Hold(Scene& s)
-{
-    Focus(s), KeyDown(GDK_KEY_a);
-}
+const Step Hold = [](Scene& s) { Focus(s), KeyDown(GDK_KEY_a); };
 
 template <Thing... order>
-void Capture(Scene& s)
-{
-    (s.Toolkit(order)->CaptureMouse(), ...);
-}
+const Step Capture = [](Scene& s) { (s.Window(order)->CaptureMouse(), ...); };
 template <Thing... order>
 void ReleaseAfter(Scene& s)
 {
     s.Spring();
-    ((s.Lives(order) ? s.Toolkit(order)->ReleaseMouse() : void()), ...);
+    ((s.Lives(order) ? s.Window(order)->ReleaseMouse() : void()), ...);
 }
 
 // clang-format off
-const Row windowRows[] = {
+const std::vector<Row> windowRows = {
     {"press",      "press",   Point,                                         [](Scene&) { Press(); }},
     {"rightpress", "press",   Point,                                         [](Scene&) { Press(rightButton); }},
     {"release",    "release", [](Scene& s) { Point(s); Press(); },           [](Scene&) { Release(); }},
     {"double",     "double",  Point,                                         [](Scene&) { DoubleClick(); }},
-    {"motion",     "motion",  Point,                                         [](Scene& s) { s.PointAt(60, 45); }},
+    {"motion",     "motion",  Point,                                         [](Scene& s) { s.PointAt(theWindow, 60, 45); }},
     {"wheel",      "wheel",   Point,                                         [](Scene&) { WheelUp(); }},
     {"menu",       "menu",    Point,                                         [](Scene&) { Press(rightButton); }},
     {"enter",      "enter",   Nothing,                                       Point},
@@ -55,7 +45,7 @@ const Row windowRows[] = {
     {"tabkey",     "keydown", Focus,                                         [](Scene&) { KeyDown(GDK_KEY_Tab); }},
     {"char",       "char",    Focus,                                         [](Scene&) { KeyDown(GDK_KEY_a); }},
     {"keyup",      "keyup",   Hold,                                          [](Scene&) { KeyUp(GDK_KEY_a); }},
-    {"tab",        "tab",     [](Scene& s) { Focus(s); s.HideOthers(); },    [](Scene&) { KeyDown(GDK_KEY_Tab); }},
+    {"tab",        "tab",     [](Scene& s) { Focus(s); s.other->Hide(); s.Window(theSibling)->SetVisible(false); },    [](Scene&) { KeyDown(GDK_KEY_Tab); }},
     {"focus",      "focus",   Nothing,                                       Focus},
     {"focusclick", "focus",   Point,                                         [](Scene&) { Press(); }},
     {"unfocus",    "unfocus", Focus,                                         [](Scene& s) { s.other->SetFocus(); }},
@@ -68,19 +58,23 @@ const Row windowRows[] = {
     {"destroy",    "destroy", Nothing,                                       [](Scene& s) { s.native->Destroy(); }, theWindow},
 };
 // The window that fills its parent hears of some things through a handler on the parent.
-const Row fillingRows[] = {
+const std::vector<Row> fillingRows = {
     {"parentsize",  "resize", Nothing, [](Scene& s) { s.parent->SetSize(300, 150); Settle(); }},
     {"parentfocus", "focus",  Nothing, [](Scene& s) { Send(s.parent, wxFocusEvent(wxEVT_SET_FOCUS)); }},
 };
-const Row childRows[] = { // of the window's child
-    {"draw",    "draw",    Nothing, [](Scene& s) { s.inner->Invalidate(0, 0, 40, 30); Settle(); }},
-    {"press",   "press",   Nothing, [](Scene& s) { s.PointAt(160, 70); Press(); }},
-    {"resize",  "resize",  Nothing, [](Scene& s) { s.inner->SetWindowRect(150, 60, 180, 80, true); }},
+const std::vector<Row> crowdedRows = {
+    {"draw",    "draw",    Nothing, [](Scene& s) { s.window->Invalidate(0, 0, 200, 100); Settle(); }},
+    {"destroy", "destroy", Nothing, [](Scene& s) { s.native->Destroy(); }, theWindow},
+};
+const std::vector<Row> childRows = { // of the window's child
+    {"draw",    "draw",    Nothing, [](Scene& s) { s.Window(theChild)->Invalidate(0, 0, 40, 30); Settle(); }},
+    {"press",   "press",   Nothing, [](Scene& s) { s.PointAt(theWindow, 160, 70); Press(); }},
+    {"resize",  "resize",  Nothing, [](Scene& s) { s.Window(theChild)->SetWindowRect(150, 60, 180, 80, true); }},
     {"destroy", "destroy", Nothing, [](Scene& s) { s.native->Destroy(); }, theWindow},
 };
 
 // The host's handlers on the parent, which share its stack with ours. They go on to the next one or not.
-const Row parentRows[] = {
+const std::vector<Row> parentRows = {
     {"menu",     "", [](Scene& s) { s.Host(s.parent, wxEVT_MENU); },     [](Scene& s) { Send(s.parent, wxCommandEvent(wxEVT_MENU, 77)); }},
     {"motion",   "", [](Scene& s) { s.Host(s.parent, wxEVT_MOTION); },   [](Scene& s) { Send(s.parent, wxMouseEvent(wxEVT_MOTION)); }},
     {"idle",     "", [](Scene& s) { s.Host(s.parent, wxEVT_IDLE); },     [](Scene&) { Settle(); }},
@@ -92,11 +86,11 @@ const Row parentRows[] = {
     {"command",  "", [](Scene& s) { s.Host(s.parent, wxEVT_BUTTON); },   [](Scene& s) { Send(s.native, wxCommandEvent(wxEVT_BUTTON)); }},
 };
 // On the native window itself: after ours.
-const Row nativeRows[] = {
+const std::vector<Row> nativeRows = {
     {"press",   "", [](Scene& s) { Point(s); s.Host(s.native, wxEVT_LEFT_DOWN); },        [](Scene&) { Press(); }},
     {"release", "", [](Scene& s) { Point(s); Press(); s.Host(s.native, wxEVT_LEFT_UP); }, [](Scene&) { Release(); }},
     {"double",  "", [](Scene& s) { Point(s); s.Host(s.native, wxEVT_LEFT_DCLICK); },      [](Scene&) { DoubleClick(); }},
-    {"motion",  "", [](Scene& s) { Point(s); s.Host(s.native, wxEVT_MOTION); },           [](Scene& s) { s.PointAt(60, 45); }},
+    {"motion",  "", [](Scene& s) { Point(s); s.Host(s.native, wxEVT_MOTION); },           [](Scene& s) { s.PointAt(theWindow, 60, 45); }},
     {"keydown", "", [](Scene& s) { Focus(s); s.Host(s.native, wxEVT_KEY_DOWN); },         [](Scene&) { KeyDown(GDK_KEY_a); }},
     {"char",    "", [](Scene& s) { Focus(s); s.Host(s.native, wxEVT_CHAR); },             [](Scene&) { KeyDown(GDK_KEY_a); }},
     {"keyup",   "", [](Scene& s) { Hold(s); s.Host(s.native, wxEVT_KEY_UP); },            [](Scene&) { KeyUp(GDK_KEY_a); }},
@@ -109,7 +103,7 @@ const Row nativeRows[] = {
     {"command", "", [](Scene& s) { s.Host(s.native, wxEVT_BUTTON); },                     [](Scene& s) { Send(s.native, wxCommandEvent(wxEVT_BUTTON)); }},
 };
 // In the middle of captures of the mouse, in this order; whoever is left releases it.
-const Row captureRows[] = {
+const std::vector<Row> captureRows = {
     {"whilebelow",  "", Capture<theWindow, theSibling>,            ReleaseAfter<theSibling, theWindow>},
     {"whileabove",  "", Capture<theSibling, theWindow>,            ReleaseAfter<theWindow, theSibling>},
     {"whilechild",  "", Capture<theWindow, theChild>,              ReleaseAfter<theChild, theWindow>},
@@ -122,55 +116,42 @@ const Row captureRows[] = {
 void Crowded(Scene& s)
 {
     s.Build(Scene::nested);
-    s.MakeMenus();
-    s.MakeTip(), s.MakeLayer();
+    s.menus = std::make_unique<MenuTree>(*s.window);
+    s.MakeLayer();
     s.MakePopup();
     for (const int x : {0, 1, 2}) {
-        auto* const bar = new wxTextCtrl(s.native, wxID_ANY, "", wxPoint(60 * x, 60), wxSize(50, 30));
-        s.window->AddTabStop(CreateCustomControl(bar, s.window, true).Get());
+        auto* const stop = new wxTextCtrl(s.native, wxID_ANY, "", wxPoint(60 * x, 60), wxSize(50, 30));
+        s.window->AddTabStop(CreateCustomControl(stop, s.window, true).Get());
     }
     s.MakeEdit(esMultiLine);
     s.text.Reset();
 }
-template <Scene::Shape shape>
-void Plain(Scene& s)
-{
+template <Scene::Shape shape, bool skips = false>
+const Step Plain = [](Scene& s) {
+    s.hostSkips = skips;
     s.Build(shape);
-}
-template <Scene::Shape shape>
-void Skipping(Scene& s)
-{
-    s.Build(shape);
-    s.hostSkips = true;
-}
+};
 
 } // namespace
 
 std::vector<Family> WindowFamilies()
 {
-    constexpr unsigned onOuter = onPanel | Set(theOuter);
-    constexpr unsigned crowded =
-        onOuter | Set(theControl) | Set(thePopup) | Set(theTip) | Set(theLayer) | Set(theMenus);
-    const Row* const lastRows = std::end(windowRows) - 5; // without input
-    return {
-        {"Child", Plain<Scene::child>, windowRows, std::size(windowRows), onPanel},
-        {"Nested", Plain<Scene::nested>, windowRows, std::size(windowRows), Set(theOuter) | Set(thePanel)},
-        {"Filling", Plain<Scene::filling>, windowRows, std::size(windowRows), onPanel},
-        {"FillingParent", Plain<Scene::filling>, fillingRows, std::size(fillingRows), onPanel},
-        {"FillingFrame", Plain<Scene::fillingFrame>, windowRows, std::size(windowRows), onFrame},
-        {"Inner", Plain<Scene::nested>, childRows, std::size(childRows), onOuter, theChild},
-        {"Crowded", Crowded, lastRows, 5, crowded}};
-}
-
-std::vector<Family> HostFamilies()
-{
-    return {
-        {"OnPanel", Plain<Scene::filling>, parentRows, std::size(parentRows), onPanel, nothing},
-        {"OnPanelSkips", Skipping<Scene::filling>, parentRows, std::size(parentRows), onPanel, nothing},
-        {"OnFrame", Plain<Scene::fillingFrame>, parentRows, std::size(parentRows), onFrame, nothing},
-        {"OnFrameSkips", Skipping<Scene::fillingFrame>, parentRows, std::size(parentRows), onFrame, nothing},
-        {"OnNative", Plain<Scene::child>, nativeRows, std::size(nativeRows), onPanel, nothing},
-        {"OnNativeSkips", Skipping<Scene::child>, nativeRows, std::size(nativeRows), onPanel, nothing}};
+    constexpr unsigned crowded = onOuter | Set(theHandle) | Set(theControl) | Set(thePopup) | Set(theTip) |
+                                 Set(theLayer) | Set(theMenus);
+    return {{"Child", Plain<Scene::child>, windowRows, onPanel},
+            {"Nested", Plain<Scene::nested>, windowRows, Set(theOuter) | Set(thePanel)},
+            {"Filling", Plain<Scene::filling>, windowRows, onPanel},
+            {"FillingParent", Plain<Scene::filling>, fillingRows, onPanel},
+            {"FillingFrame", Plain<Scene::fillingFrame>, windowRows, onFrame},
+            {"Inner", Plain<Scene::nested>, childRows, onOuter, theChild},
+            {"Captured", Plain<Scene::nested>, captureRows, onOuter, nothing},
+            {"Crowded", Crowded, crowdedRows, crowded},
+            {"OnPanel", Plain<Scene::filling>, parentRows, onPanel, nothing},
+            {"OnPanelSkips", Plain<Scene::filling, true>, parentRows, onPanel, nothing},
+            {"OnFrame", Plain<Scene::fillingFrame>, parentRows, onFrame, nothing},
+            {"OnFrameSkips", Plain<Scene::fillingFrame, true>, parentRows, onFrame, nothing},
+            {"OnNative", Plain<Scene::child>, nativeRows, onPanel, nothing},
+            {"OnNativeSkips", Plain<Scene::child, true>, nativeRows, onPanel, nothing}};
 }
 
 } // namespace vela7::test
