@@ -97,7 +97,10 @@ wxPoint Rounded(const Point& p)
 
 bool AreOrdinary(const std::vector<wxPoint>& points)
 {
-    return std::all_of(points.begin(), points.end(), [](const wxPoint& p) { return IsOrdinary(p.x, p.y); });
+    unsigned all = 0;
+    for (const wxPoint& p : points)
+        all |= Excess(p.x) | Excess(p.y);
+    return all == 0;
 }
 
 // What of the lines lies inside; where they leave and come back is the only end between them.

@@ -18,13 +18,19 @@ namespace vela7 {
 /// Whether a device picture of this size may be made: positive, what X can hold, and there is a display.
 bool CanMakePicture(double width, double height);
 
-/// Whether X holds all of these numbers and their differences, wherever the device lies in a window of its
-/// own.
+/// Zero for a number that X holds wherever the device lies in a window of its own, the difference of two of
+/// them too.
+constexpr unsigned Excess(int value)
+{
+    constexpr unsigned limit = 0x4000;
+    return (static_cast<unsigned>(value) + limit) & ~(2 * limit - 1);
+}
+
+/// Whether all numbers are such.
 template <class... Ints>
 constexpr bool IsOrdinary(Ints... values)
 {
-    constexpr unsigned limit = 0x4000;
-    return ((static_cast<unsigned>(values) + limit <= 2 * limit) & ...);
+    return (Excess(values) | ...) == 0;
 }
 
 /// What of the device can be seen at most, and so far around it as X can hold.
