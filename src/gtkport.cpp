@@ -180,6 +180,23 @@ std::unique_ptr<wxObject> KeepWidgets(wxWindow& window)
     return std::make_unique<CKeptWidgets>(window);
 }
 
+namespace {
+
+// Never shown, but realized: a widget that comes here keeps its own windows, which GTK's code may be using.
+GtkWidget* Aside()
+{
+    static GtkWidget* place = nullptr; // to the end of the process
+    if (!place) {
+        GtkWidget* const top = gtk_window_new(GTK_WINDOW_POPUP);
+        place = gtk_fixed_new();
+        gtk_container_add(GTK_CONTAINER(top), place);
+        gtk_widget_realize(place);
+    }
+    return place;
+}
+
+} // namespace
+
 void TakeFromParent(wxWindow& window)
 {
     if (wxSizer* const sizer = window.GetContainingSizer())
@@ -194,7 +211,7 @@ void TakeFromParent(wxWindow& window)
         gtk_grab_remove(grab); // GTK would go on sending it all input
         grab = gtk_grab_get_current();
     }
-    gtk_container_remove(GTK_CONTAINER(container), window.m_widget);
+    gtk_widget_reparent(window.m_widget, Aside());
 }
 
 wxBitmap BitmapFromXPM(const char* const* lines)

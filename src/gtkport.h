@@ -81,8 +81,8 @@ wxBitmap CurrentFrame(GdkPixbufAnimationIter* iterator);
 /// window is being destroyed, and some caller of GTK's may be using them.
 std::unique_ptr<wxObject> KeepWidgets(wxWindow& window);
 
-/// Takes a window out of its parent, for wx and for GTK: it has none any more. Its place in a sizer goes,
-/// too.
+/// Takes a window out of its parent: wx knows no parent of it any more, and GTK has it in a window that is
+/// never shown, where it can go on with the event that it is in. Its place in a sizer goes, too.
 void TakeFromParent(wxWindow& window);
 
 /// Closes the list of a combo box, if it is one and its list is open.
