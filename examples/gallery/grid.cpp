@@ -177,7 +177,12 @@ void Grid::BeginEdit(const std::string& typed)
             combo->SetString(choice, -1);
         m_edit = combo ? CHandle<IInplaceEdit>(combo.Get()) : m_window.CreateInplaceEdit(0);
         Subscribe<IEditNotify>(*m_edit, this);
-        m_edit->focus_out_signal.connect([this](ICustomControl*) { EditorLosesFocus(); });
+        // A combo box loses the focus to its own button, too: it stays until a key or a press on the grid
+        // ends it.
+        if (combo)
+            Subscribe<IComboBoxNotify>(*m_edit, this);
+        else
+            m_edit->focus_out_signal.connect([this](ICustomControl*) { EndEdit(true, false); });
     }
     const CLifeWatch alive = m_life.Watch();
     PlaceEditor();
@@ -232,9 +237,8 @@ void Grid::PlaceEditor()
         EndEdit(true);
 }
 
-// A click on the button of a combo box takes the focus from its field. That must not end it under its open
-// list; instead the field is to get the keys again.
-void Grid::EditorLosesFocus()
+// Chosen with the button, which has the focus now: the field is to get the keys again.
+void Grid::OnComboItemSelected(CComboEvent*)
 {
     struct Refocus : IRunnable
     {
@@ -243,12 +247,8 @@ void Grid::EditorLosesFocus()
         IInplaceEdit* m_edit;
         CLifeWatch m_life;
     };
-    point<int> mouse = GetCurrentSystem()->TakeMouse()->GetPos();
-    m_window.ScreenToWindow(mouse);
-    if (!columns[m_current.column].choices.empty() && m_edit->GetPos().Contains(mouse))
+    if (m_edit)
         m_window.Synchronize(new Refocus(m_edit.Get()));
-    else
-        EndEdit(true, false);
 }
 
 void Grid::OnEditKeyDown(CEditKeyEvent* event)

@@ -44,7 +44,8 @@ class Grid : vela7::CSubscriber<vela7::IDrawingNotify>,
              vela7::CSubscriber<vela7::IFocusNotify>,
              vela7::CSubscriber<vela7::IWindowNotify>,
              vela7::CSubscriber<vela7::IScrollBarNotify>,
-             vela7::CSubscriber<vela7::IEditNotify>
+             vela7::CSubscriber<vela7::IEditNotify>,
+             vela7::CSubscriber<vela7::IComboBoxNotify>
 {
 public:
     Grid(vela7::ISysWindow& window, IGridModel& model, std::vector<GridColumn> columns);
@@ -91,7 +92,7 @@ private:
 
     bool MoveByKey(std::uint32_t key);
     bool MoveByTab(bool forward);
-    void EditorLosesFocus();
+    void OnComboItemSelected(vela7::CComboEvent* event) override;
     void PlaceEditor();
     void DrawCell(vela7::IPainter& painter, const GridCell& cell, const Style& style) const;
     void ScrollTo(double left, int top);

@@ -101,12 +101,15 @@ TEST_F(Construction, FailureLeavesNothingBehind)
 {
     EXPECT_THROW(new CwxSysWindow(nullptr, true, ISysWindow::wtNormal), std::invalid_argument);
     for (const bool isChild : {true, false}) {
+        auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
+        panel->SetSizer(sizer);
         {
             const ThrowingPalette palette;
             EXPECT_THROW(new CwxSysWindow(panel, isChild, ISysWindow::wtNormal), std::runtime_error);
         }
         Settle();
         ExpectBare();
+        EXPECT_EQ(sizer, panel->GetSizer());
         wxWindow* const native = Native(new CwxSysWindow(panel, isChild, ISysWindow::wtNormal));
         EXPECT_EQ(isChild, native->GetSize() != wxSize(400, 300));
         native->Destroy();
