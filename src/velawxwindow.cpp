@@ -3,6 +3,7 @@
 #include "gtkport.h"
 #include "vela7/wxsyswindow.h"
 #include "wxcapture.h"
+#include "wxleavingparent.h"
 
 #include <list>
 #include <new>
@@ -18,21 +19,13 @@ CVELAwxWindow::~CVELAwxWindow()
 {
     if (owner)
         owner->LeaveParent();
-    // A listener, also one of a child's, may destroy the parent, which must not delete this window a second
-    // time; but GTK's halves of both go with the parent's.
-    const wxWeakRef<wxWindow> parent(GetParent());
-    const auto widgets = parent ? gtkport::KeepWidgets(*this) : nullptr;
-    if (parent)
-        parent->GetChildren().DeleteObject(this);
+    const CLeavingParent parent(*this, m_parent);
+    const auto widgets = gtkport::KeepWidgets(*this); // GTK's halves go with the parent's
     if (owner)
         owner->ProcessDestroy();
-    if (!parent)
-        m_parent = nullptr;
     capture::Leave(*this);
     EndControls();
     DestroyChildren();
-    if (!parent)
-        m_parent = nullptr;
     if (owner)
         std::exchange(owner, nullptr)->End();
     life.KeepStorage(*this);

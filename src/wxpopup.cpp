@@ -9,6 +9,7 @@
 
 #include "hanging.h"
 #include "wxcapture.h"
+#include "wxleavingparent.h"
 
 namespace vela7 {
 
@@ -47,16 +48,11 @@ CwxTransientPopup::~CwxTransientPopup()
 {
     RevokeHandles();
     wxPendingDelete.DeleteObject(this);
-    // The content's listeners may destroy what is above; it must not delete this window a second time.
-    const wxWeakRef<wxWindow> above(m_parent);
-    if (above)
-        above->GetChildren().DeleteObject(this);
+    const CLeavingParent above(*this, m_parent);
     if (IsShown())
         Show(false);
     PopHandlers();
     DestroyChildren();
-    if (!above)
-        m_parent = nullptr;
 }
 
 void CwxTransientPopup::Show(int x, int y)

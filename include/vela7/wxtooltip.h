@@ -27,8 +27,12 @@ public:
     bool AcceptsFocus() const override { return false; }
     /// Does nothing: wx gives any window the focus that is pressed.
     void SetFocus() override {}
-    /// Deletes the tip: at once, or, while it is in use, on the first idle pass after the event.
-    bool Destroy() override { return m_use.PutOffDestruction(*this) || wxPopupWindow::Destroy(); }
+    /// Deletes the tip: at once, or, while it is in use, on the first idle pass after the event. Nothing when
+    /// it is being deleted: a listener of the layer wants what it is being told of.
+    bool Destroy() override
+    {
+        return IsBeingDeleted() || m_use.PutOffDestruction(*this) || wxPopupWindow::Destroy();
+    }
 
 protected:
     CEventLife& GetUse(); // by mouse events

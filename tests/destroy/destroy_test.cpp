@@ -76,6 +76,7 @@ const struct { const char *stages, *victims, *afters, *reason; } leftOut[] = {
     {"On*", "@(deleted|panel|grand|children|handleandpanel)", "*", "wx deletes it at once, below its own event"},
     {"On@(Frame|Panel)*", "frame",     "loop",   "wx deletes it in the loop, below an event of its own or of its panel"},
     {"@(On*|*_while*)",   "@(thrown|listeners)", "*", "a host's own handlers have neither"},
+    {"@(Edit|Lines|Combo|Choice|Bar)_*", "controldeleted", "*", "controls end by their handle or with their window"},
     {"Crowded*",          "executed",  "*",      "it would wait for its user"},
     {"Menu_command",      "submenu",   "*",      "what was chosen is no longer in the menu"},
     {"Held*_hideout",     "control*",  "*",      "wx goes on with a window that it hides"},
