@@ -48,12 +48,33 @@ bool CPushedHandler::ProcessHeld(wxEvent& event)
     return wxEvtHandler::ProcessEvent(event);
 }
 
-void CPushedHandler::OnParentEnds()
+namespace {
+
+// Ends a window with itself, unless somebody else has done so.
+class CEndOf : public wxObject
+{
+public:
+    explicit CEndOf(wxWindow& window) : m_window(&window) {}
+    CEndOf(const CEndOf&) = delete;
+    CEndOf& operator=(const CEndOf&) = delete;
+    ~CEndOf() override
+    {
+        if (m_window)
+            m_window->Destroy();
+    }
+
+private:
+    wxWeakRef<wxWindow> m_window;
+};
+
+} // namespace
+
+void CPushedHandler::SetTargetAside()
 {
     if (!m_target || !m_life.IsHeld())
         return;
     gtkport::TakeFromParent(*m_target);
-    m_life.Outlive(std::unique_ptr<wxObject>(m_target.get()));
+    m_life.Outlive(std::make_unique<CEndOf>(*m_target));
 }
 
 // When this handler was called from above as a member of the stack, those below would not hear of the end any

@@ -151,7 +151,8 @@ private:
 /// Comes from CreateCustomControl. With autoDelete it dies with its control, else with its last handle; the
 /// control's life is never its business. It supports no event types unless its user declares some.
 class VELA7_WX_API CwxControlHolder : public CPushedHandler,
-                                      public CFocusReporter<CImplEventSender<ICustomControl>>
+                                      public CFocusReporter<CImplEventSender<ICustomControl>>,
+                                      public IEndsWithParent
 {
 public:
     /// All may be null or false. notify outlives the holder, or see SetNotifyLife.
@@ -159,6 +160,7 @@ public:
     ~CwxControlHolder() override;
 
     void Dispose() override;
+    void OnParentEnds() override { SetTargetAside(); }
 
 protected:
     bool ProcessHeld(wxEvent& event) override;

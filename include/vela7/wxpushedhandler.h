@@ -17,7 +17,7 @@ namespace vela7 {
 /// wx walks along the stack while it delivers an event, so one that is to go meanwhile stays where it is,
 /// deaf, until wx is through. It leaves by identity, never "whatever is on top": others push handlers as
 /// well. When its window dies it leaves before wx looks at the stack. Deleted by End. Thread: GUI.
-class VELA7_WX_API CPushedHandler : public wxEvtHandler, public IEndsWithParent
+class VELA7_WX_API CPushedHandler : public wxEvtHandler
 {
 public:
     CPushedHandler() = default;
@@ -34,10 +34,11 @@ public:
     };
 
     bool ProcessEvent(wxEvent& event) override;
-    /// Of the window that it is on. That is set aside when this handler is in use, and with it the window.
-    void OnParentEnds() override;
 
 protected:
+    /// The parent of the window that this handler is on is being destroyed. When the handler is in use, so is
+    /// the window: it is set aside.
+    void SetTargetAside();
     /// While wx uses the handler: it may be ended, but is not deleted before this returns.
     virtual bool ProcessHeld(wxEvent& event);
 

@@ -81,6 +81,8 @@ const struct { const char *stages, *victims, *afters, *reason; } leftOut[] = {
     {"Menu_command",      "submenu",   "*",      "what was chosen is no longer in the menu"},
     {"Held*_hideout",     "control*",  "*",      "wx goes on with a window that it hides"},
     {"Elsewhere_hideout", "stranger*", "*",      "the same"},
+    {"Elsewhere_hideout", "frame",     "loop",   "the same"},
+    {"OnNative*_idle",    "frame",     "loop",   "wx walks through the frame's windows meanwhile"},
     {"Nested_tab",        "*",         "*",      "Tab leads on, out of the window around"},
     {"*",                 "thrown",    "[ld]*",  "there is no loop after an exception"},
 };
