@@ -211,7 +211,9 @@ void TakeFromParent(wxWindow& window)
         gtk_grab_remove(grab); // GTK would go on sending it all input
         grab = gtk_grab_get_current();
     }
+    G_GNUC_BEGIN_IGNORE_DEPRECATIONS // taking it out and putting it in would unrealize it in between
     gtk_widget_reparent(window.m_widget, Aside());
+    G_GNUC_END_IGNORE_DEPRECATIONS
 }
 
 wxBitmap BitmapFromXPM(const char* const* lines)
