@@ -139,6 +139,20 @@ CPastGrab::~CPastGrab()
 
 namespace {
 
+// A widget that leaves its top-level window while GTK gives it the focus becomes that window's focus all the
+// same, also when it has no more to do with it.
+void ForgetStrayFocus()
+{
+    GList* const tops = gtk_window_list_toplevels();
+    for (const GList* entry = tops; entry; entry = entry->next) {
+        auto* const top = static_cast<GtkWidget*>(entry->data);
+        GtkWidget* const focus = gtk_window_get_focus(GTK_WINDOW(top));
+        if (focus && gtk_widget_get_toplevel(focus) != top)
+            gtk_window_set_focus(GTK_WINDOW(top), nullptr);
+    }
+    g_list_free(tops);
+}
+
 class CKeptWidgets : public wxObject
 {
 public:
@@ -147,6 +161,7 @@ public:
     CKeptWidgets& operator=(const CKeptWidgets&) = delete;
     ~CKeptWidgets() override
     {
+        ForgetStrayFocus();
         for (const gpointer object : m_objects)
             g_object_unref(object);
     }
@@ -212,7 +227,7 @@ void TakeFromParent(wxWindow& window)
         grab = gtk_grab_get_current();
     }
     G_GNUC_BEGIN_IGNORE_DEPRECATIONS // taking it out and putting it in would unrealize it in between
-    gtk_widget_reparent(window.m_widget, Aside());
+        gtk_widget_reparent(window.m_widget, Aside());
     G_GNUC_END_IGNORE_DEPRECATIONS
 }
 

@@ -51,11 +51,11 @@ CEventLife::CHold* CEventLife::Outermost() const
 // This hold is off the stack already.
 void CEventLife::CHold::Leave()
 {
-    if (m_life && m_life->m_putOff && !m_life->IsHeld())
-        DeleteOnIdle(m_life->m_putOff);
     const bool now = m_life && m_life->m_parts == atOnce;
     for (wxObject* const object : m_leftovers)
         now ? delete object : DeleteOnIdle(object);
+    if (m_life && m_life->m_putOff && !m_life->IsHeld())
+        DeleteOnIdle(m_life->m_putOff);
 }
 
 bool CEventLife::PutOffDeletion(wxObject& object)
@@ -79,6 +79,7 @@ bool CEventLife::SetAside(wxWindow& window)
 {
     if (!PutOffDeletion(window))
         return false;
+    Outlive(gtkport::KeepWidgets(window));
     gtkport::TakeFromParent(window);
     return true;
 }

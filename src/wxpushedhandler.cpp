@@ -75,6 +75,7 @@ void CPushedHandler::SetTargetAside()
         return;
     gtkport::TakeFromParent(*m_target);
     m_life.Outlive(std::make_unique<CEndOf>(*m_target));
+    m_life.Outlive(gtkport::KeepWidgets(*m_target)); // goes before it
 }
 
 // When this handler was called from above as a member of the stack, those below would not hear of the end any
