@@ -170,10 +170,17 @@ void Hands::Inside::MoveTo(const Place& place)
                          area.y + place.y * area.height / 1000, CurrentTime);
 }
 
+// A window manager may stop the pointer at a press until it has looked at it, and what follows meanwhile the
+// server hands on with the pointer's later position: a press outside the window it goes to, which GDK takes
+// for its own fault.
 void Hands::Inside::Button(int number, bool down)
 {
     down ? void(buttons.insert(number)) : void(buttons.erase(number));
     XTestFakeButtonEvent(display, unsigned(number), down, CurrentTime);
+    if (down) {
+        XSync(display, False);
+        test::x11::SyncWithWindowManager();
+    }
 }
 
 void Hands::Inside::LetGo()
@@ -241,8 +248,8 @@ void Hands::Inside::Hold(unsigned modifiers, bool down)
 
 void Hands::Inside::Press(const Event& event)
 {
-    // A notch grabs the pointer as any button does, until all are up, but GDK does not know: when the program
-    // has ended its own grab while a button is held, a press outside its windows is then GDK's own critical.
+    // A notch grabs the pointer as any button does, until all are up, but GDK does not know: with a button
+    // held that was pressed elsewhere, a press outside the program's windows is then GDK's own critical.
     if (event.deed == Deed::wheel)
         LetGo();
     MoveTo(event.place);

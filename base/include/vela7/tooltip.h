@@ -43,8 +43,8 @@ public:
     /// Forgets the fixed size.
     virtual void Clear() = 0;
     virtual screen_rectangle<int> GetScreenRect() const = 0;
-    /// The window that covers the tip in custom mode; null until that mode was first asked for. Belongs to the
-    /// tip.
+    /// The window that covers the tip in custom mode; null until that mode was first asked for. Belongs to
+    /// the tip.
     virtual ISysWindow* GetCustomLayer() = 0;
     /// hideLayerOnHide: hiding the tip ends the custom mode.
     virtual void SetLayerMode(LayerMode mode, bool hideLayerOnHide) = 0;

@@ -30,8 +30,8 @@ class VELA7_BASE_API ISynchronize
 {
 public:
     virtual ~ISynchronize() = default;
-    /// Has a runnable run once on the GUI thread, in a later pass of the event loop. Any thread, which sees to
-    /// it that the window outlives the call: end the other threads in OnDestroy at the latest. A dynamic
+    /// Has a runnable run once on the GUI thread, in a later pass of the event loop. Any thread, which sees
+    /// to it that the window outlives the call: end the other threads in OnDestroy at the latest. A dynamic
     /// runnable is deleted after it ran, on the GUI thread, also when it threw or when the window was
     /// destroyed before; one given to a window whose end has begun is neither run nor deleted.
     virtual void Synchronize(IRunnable* runnable) = 0;
