@@ -1,8 +1,8 @@
 /// wx controls seen through ICustomControl.
 #pragma once
 
-#include "vela7/childfocusnotify.h"
 #include "vela7/customcontrol.h"
+#include "vela7/wxchildfocusnotify.h"
 #include "vela7/wxexport.h"
 #include "vela7/wxpushedhandler.h"
 

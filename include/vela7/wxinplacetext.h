@@ -4,7 +4,8 @@
 #include "vela7/inplace.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxcustomcontrol.h"
-#include "vela7/wxsyswindow.h"
+#include "vela7/wxeventlife.h"
+#include "vela7/wxnativewindows.h"
 
 #include <wx/combobox.h>
 #include <wx/textctrl.h>

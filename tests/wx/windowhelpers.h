@@ -5,7 +5,7 @@
 #include "support/fixture.h"
 #include "support/pixels.h"
 #include "vela7/painter.h"
-#include "vela7/velawxwindow.h"
+#include "vela7/wxvelawindow.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyswindow.h"
 
