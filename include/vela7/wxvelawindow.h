@@ -45,6 +45,9 @@ public:
     /// Held while the toolkit window, or a control on it, has an event.
     CEventLife life;
 
+protected:
+    void DoCaptureMouse() override;
+
 private:
     enum class Resize
     {
@@ -59,6 +62,7 @@ private:
     bool IsTransparentBackgroundSupported(wxString* reason) const override;
 
     Resize m_resize = Resize::free;
+    bool m_hasCaptured = false; // at any time
 
     wxDECLARE_DYNAMIC_CLASS(CVELAwxWindow);
 };

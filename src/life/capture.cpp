@@ -1,6 +1,7 @@
 #include "life/capture.h"
 
 #include "life/hanging.h"
+#include "port/gtkport.h"
 
 #include <wx/window.h>
 
@@ -11,18 +12,26 @@ namespace capture {
 
 namespace {
 
+void CaptureAnew(wxWindow& window)
+{
+    gtkport::IgnorePastGrabs(window);
+    window.CaptureMouse();
+}
+
 // wx's own stack without one window. Nothing is called here that could end another one meanwhile.
 void TakeOffStack(wxWindow& window)
 {
     std::vector<wxWindow*> above;
     for (wxWindow* top = wxWindow::GetCapture(); top; top = wxWindow::GetCapture()) {
-        top->ReleaseMouse(); // wx goes on with the next one
+        top->ReleaseMouse();
+        if (const wxWindow* const next = wxWindow::GetCapture()) // with which wx goes on
+            gtkport::IgnorePastGrabs(*next);
         if (top == &window)
             break;
         above.push_back(top);
     }
     for (; !above.empty(); above.pop_back())
-        above.back()->CaptureMouse();
+        CaptureAnew(*above.back());
 }
 
 bool IsIn(const wxWindow* window, const wxWindow& container)
@@ -39,7 +48,7 @@ void Take(wxWindow& window)
     if (window.HasCapture())
         return;
     TakeOffStack(window);
-    window.CaptureMouse();
+    CaptureAnew(window);
 }
 
 void Release(wxWindow& window)

@@ -237,6 +237,39 @@ wxBitmap BitmapFromXPM(const char* const* lines)
     return pixbuf ? wxBitmap(pixbuf) : wxBitmap(); // takes the reference over
 }
 
+namespace {
+
+GdkWindow* WindowWithPointerGrab(GdkDisplay* display)
+{
+    GdkWindow* window = nullptr;
+    gboolean ownerEvents = FALSE;
+#if GTK_CHECK_VERSION(3, 0, 0)
+    GdkDevice* const pointer = gdk_seat_get_pointer(gdk_display_get_default_seat(display));
+    gdk_device_grab_info_libgtk_only(display, pointer, &window, &ownerEvents);
+#else
+    gdk_pointer_grab_info_libgtk_only(display, &window, &ownerEvents);
+#endif
+    return window;
+}
+
+gboolean DropPastGrab(GtkWidget* widget, GdkEvent* event, gpointer)
+{
+    return event->type == GDK_GRAB_BROKEN && !event->grab_broken.keyboard &&
+           WindowWithPointerGrab(gtk_widget_get_display(widget)) == event->grab_broken.window;
+}
+
+} // namespace
+
+void IgnorePastGrabs(const wxWindow& window)
+{
+    static constexpr char known[] = "vela7-ignores-past-grabs";
+    GtkWidget* const widget = window.m_wxwindow ? window.m_wxwindow : window.m_widget;
+    if (!widget || g_object_get_data(G_OBJECT(widget), known))
+        return;
+    g_object_set_data(G_OBJECT(widget), known, widget);
+    g_signal_connect(widget, "event", G_CALLBACK(DropPastGrab), nullptr); // before wx's own handler
+}
+
 void GrabPointer(const wxWindow& window)
 {
     GdkWindow* const target = window.m_widget ? gtk_widget_get_window(window.m_widget) : nullptr;

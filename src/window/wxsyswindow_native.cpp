@@ -25,7 +25,8 @@ CVELAwxWindow::~CVELAwxWindow()
     const auto widgets = gtkport::KeepWidgets(*this); // GTK's halves go with the parent's
     if (owner)
         owner->ProcessDestroy();
-    capture::Leave(*this);
+    if (m_hasCaptured)
+        capture::Leave(*this);
     EndControls();
     DestroyChildren();
     if (owner)
@@ -95,6 +96,12 @@ void CVELAwxWindow::ReleaseResize()
     wxSizeEvent event(GetSize(), GetId());
     event.SetEventObject(this);
     HandleWindowEvent(event);
+}
+
+void CVELAwxWindow::DoCaptureMouse()
+{
+    m_hasCaptured = true;
+    wxWindow::DoCaptureMouse();
 }
 
 void CVELAwxWindow::DoClientToScreen(int* x, int* y) const

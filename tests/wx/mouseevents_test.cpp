@@ -129,10 +129,10 @@ TEST_F(MouseEvents, CaptureMayBeTakenAway)
     window->CaptureMouse();
     other->ReleaseMouse(); // not its own
     EXPECT_EQ(native, wxWindow::GetCapture());
-    GdkEvent* const broken = gdk_event_new(GDK_GRAB_BROKEN);
-    broken->grab_broken.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(native->GetHandle())));
-    gtk_widget_event(native->GetHandle(), broken);
-    gdk_event_free(broken);
+    gdk_pointer_grab(gtk_widget_get_window(frame->GetHandle()), FALSE, GDK_BUTTON_PRESS_MASK, nullptr,
+                     nullptr, GDK_CURRENT_TIME);
+    Settle();
+    gdk_pointer_ungrab(GDK_CURRENT_TIME);
     EXPECT_EQ(nullptr, wxWindow::GetCapture());
     EXPECT_EQ(Lines{}, heard->Take());
     window->CaptureMouse(); // and can be had again
