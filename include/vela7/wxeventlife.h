@@ -25,6 +25,7 @@
 #include <forward_list>
 #include <memory>
 
+class wxEvent;
 class wxObject;
 class wxWindow;
 
@@ -87,6 +88,10 @@ public:
 
     /// Deletes a part of the object: at once, or, while that is in use, afterwards.
     void Outlive(std::unique_ptr<wxObject> part);
+
+    /// Marks the event of an object that did not survive it as handled: wx uses an object after an unhandled
+    /// one.
+    static void Consume(wxEvent& event);
 
     /// For the destructor of a window whose class nobody derives from: while it is in use, its widgets stay,
     /// and Leftover will know its storage.

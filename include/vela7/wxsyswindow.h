@@ -121,7 +121,7 @@ private:
     template <class Hook>
     bool Deliver(wxEvent& event, Hook hook);
     template <class Record>
-    void DeliverRecord(wxEvent& event, Record& record, void (CSysWindow::*hook)(Record*));
+    void Deliver(wxEvent& event, Record& record, void (CSysWindow::*hook)(Record*));
     CMouseEvent MakeMouseRecord(const wxMouseEvent& event, std::uint32_t button);
 
     void mousePressEvent(wxMouseEvent& event);

@@ -1,5 +1,6 @@
 #include "vela7/wxcustomcontrol.h"
 
+#include "controls/controlevents.h"
 #include "life/callout.h"
 #include "vela7/wxsyswindow.h"
 #include "vela7/wxvelawindow.h"
@@ -7,6 +8,71 @@
 #include <wx/app.h>
 
 namespace vela7 {
+
+// ---- what all wrapped controls share
+
+template <class T>
+CFocusReporter<T>::CFocusReporter(wxWindow* control, IChildFocusNotify* notify)
+    : CFocusFlavour<CImpCustomControl<T>>(control), m_host{notify, {}}
+{
+}
+
+template <class T>
+bool CFocusReporter<T>::FireAny(wxEvent& event, const std::type_info& type, NotifyHandler handler,
+                                CEvent& record)
+{
+    record.sender = this;
+    const CLifeWatch alive = this->WatchLife();
+    CallOut([&] { this->FireEvent(type, handler, &record, true); });
+    if (alive.IsAlive())
+        return true;
+    CEventLife::Consume(event);
+    return false;
+}
+
+template <class T>
+void CFocusReporter<T>::ReportFocusIn(wxFocusEvent& event)
+{
+    if (!this->m_inSetFocusEx && event.GetWindow() == this->m_control)
+        event.SetWindow(nullptr);
+    Report(event, !this->m_inSetFocusEx || event.GetWindow());
+}
+
+// The focus signal first, then the window, if both are still there.
+template <class T>
+void CFocusReporter<T>::Report(wxFocusEvent& event, bool wanted)
+{
+    if (!wanted || !m_host.Get()) {
+        event.Skip();
+        return;
+    }
+    const bool in = event.GetEventType() == wxEVT_SET_FOCUS;
+    const CLifeWatch alive = this->WatchLife();
+    CallOut([&] {
+        (in ? this->focus_in_signal : this->focus_out_signal).emit(this);
+        IChildFocusNotify* const notify = alive.IsAlive() ? m_host.Get() : nullptr;
+        if (notify && in)
+            notify->OnChildFocusIn(event);
+        else if (notify)
+            notify->OnChildFocusOut(event);
+    });
+    event.Skip(alive.IsAlive() && this->GetNativeHandle()); // wx uses the control after a skipped event
+}
+
+template <class T>
+void CFocusReporter<T>::Silence()
+{
+    m_host = CFocusHost();
+    this->focus_in_signal.disconnect_all();
+    this->focus_out_signal.disconnect_all();
+    this->StopAll();
+}
+
+template class CFocusReporter<CImplEventSender<ICustomControl>>;
+template class CFocusReporter<CInplaceEdit>;
+template class CFocusReporter<CInplaceComboBoxInt>;
+
+// ---- controls of the application
 
 // clang-format off
 wxBEGIN_EVENT_TABLE(CwxControlHolder, wxEvtHandler)
@@ -67,65 +133,6 @@ void CwxControlHolder::destroyEvent(wxWindowDestroyEvent& event)
 }
 
 // ---- what wrapped controls share
-
-bool FireFrom(ICustomControl& control, wxEvent& event, const std::type_info& type, NotifyHandler handler,
-              CEvent& record)
-{
-    record.sender = &control;
-    const CLifeWatch alive = control.WatchLife();
-    CallOut([&] { control.FireEvent(type, handler, &record, true); });
-    if (alive.IsAlive())
-        return true;
-    event.Skip(false);
-    event.StopPropagation();
-    return false;
-}
-
-void ReportChildFocus(ICustomControl& control, const CFocusHost& host, wxFocusEvent& event)
-{
-    const bool in = event.GetEventType() == wxEVT_SET_FOCUS;
-    const CLifeWatch alive = control.WatchLife();
-    CallOut([&] {
-        (in ? control.focus_in_signal : control.focus_out_signal).emit(&control);
-        IChildFocusNotify* const notify = alive.IsAlive() ? host.Get() : nullptr;
-        if (notify && in)
-            notify->OnChildFocusIn(event);
-        else if (notify)
-            notify->OnChildFocusOut(event);
-    });
-    event.Skip(alive.IsAlive() && control.GetNativeHandle()); // wx uses the control after a skipped event
-}
-
-bool IsTabPress(const wxEvent& event)
-{
-    return event.GetEventType() == wxEVT_KEY_DOWN &&
-           static_cast<const wxKeyEvent&>(event).GetKeyCode() == WXK_TAB;
-}
-
-void ForwardNavigation(wxWindow& control, wxNavigationKeyEvent& event)
-{
-    const wxWeakRef<wxWindow> parent(control.GetParent());
-    if (!parent)
-        return;
-    const bool backward = !event.GetDirection();
-    const wxWindow* const self = &control; // maybe gone when the parent is through; then it has no focus
-    parent->GetEventHandler()->ProcessEvent(event);
-    if (!parent || wxWindow::FindFocus() != self)
-        return;
-    wxKeyEvent tab(wxEVT_KEY_DOWN);
-    tab.SetId(parent->GetId());
-    tab.SetEventObject(parent);
-    tab.m_keyCode = WXK_TAB;
-    tab.SetShiftDown(backward);
-    parent->GetEventHandler()->ProcessEvent(tab);
-}
-
-void AdoptLayoutDirection(wxWindow* control)
-{
-    const auto* const app = dynamic_cast<const wxApp*>(wxApp::GetInstance());
-    if (control && app && app->GetLayoutDirection() == wxLayout_RightToLeft)
-        control->SetLayoutDirection(wxLayout_RightToLeft);
-}
 
 // ---- factories
 

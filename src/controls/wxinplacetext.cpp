@@ -1,12 +1,17 @@
 #include "vela7/wxinplacetext.h"
 
+#include "controls/controlevents.h"
 #include "port/gtkport.h"
 #include "vela7/system.h"
+#include "vela7/wxconvert.h"
+#include "vela7/wxnativewindows.h"
 #include "vela7/wxvelawindow.h"
 
 #include <wx/utils.h>
 
 namespace vela7 {
+
+namespace {
 
 CEditKeyEvent MakeEditKeyRecord(const wxKeyEvent& event)
 {
@@ -17,6 +22,7 @@ CEditKeyEvent MakeEditKeyRecord(const wxKeyEvent& event)
     return record;
 }
 
+// In client coordinates: at the mouse when the keyboard asks for the menu.
 point<int> ContextMenuPosition(const wxWindow& control, const wxContextMenuEvent& event)
 {
     const wxPoint asked = event.GetPosition();
@@ -25,6 +31,7 @@ point<int> ContextMenuPosition(const wxWindow& control, const wxContextMenuEvent
     return {client.x, client.y};
 }
 
+// Lets the parent keep track of the mouse over the control: motion without buttons, in an active application.
 void ForwardMotion(const wxWindow& control, wxMouseEvent& event)
 {
     wxWindow* const parent = control.GetParent();
@@ -37,27 +44,12 @@ void ForwardMotion(const wxWindow& control, wxMouseEvent& event)
         parent->GetEventHandler()->ProcessEvent(event);
 }
 
+// That of the toolkit window that hosts the control; own when it is hosted by another window.
 CEventLife& HostLife(const wxWindow& control, CEventLife& own)
 {
     auto* const host = dynamic_cast<CVELAwxWindow*>(control.GetParent());
     return host ? host->life : own;
 }
-
-void DismissList(wxWindow& control)
-{
-    gtkport::DismissList(control);
-}
-
-void ShowControl(ICustomControl& control, wxWindow& native)
-{
-    const CLifeWatch alive = control.WatchLife();
-    control.UpdateState();
-    native.Show(true);
-    if (alive.IsAlive())
-        native.Update();
-}
-
-namespace {
 
 void Create(wxTextCtrl& edit, wxWindow* parent, long style)
 {
@@ -77,6 +69,145 @@ CInplaceText<W, T>::CInplaceText(wxWindow* parent, long wxStyle, IChildFocusNoti
 {
     Create(static_cast<W&>(*this), parent, wxStyle);
     AdoptLayoutDirection(this);
+}
+
+template <class W, class T>
+CInplaceText<W, T>::~CInplaceText()
+{
+    this->RevokeHandles();
+    gtkport::DismissList(*this);
+}
+
+template <class W, class T>
+bool CInplaceText<W, T>::Destroy()
+{
+    gtkport::DismissList(*this); // GTK's grab for it must not outlive the control
+    return m_use.PutOffDestruction(*this) || W::Destroy();
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::Dispose()
+{
+    const CLifeWatch alive = this->WatchLife();
+    if (m_use.IsHeld())
+        this->Silence();
+    if (alive.IsAlive())
+        Destroy();
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::OnParentEnds()
+{
+    gtkport::DismissList(*this);
+    if (!m_use.SetAside(*this))
+        return;
+    this->RevokeHandles();
+    this->Silence();
+}
+
+template <class W, class T>
+bool CInplaceText<W, T>::ProcessEvent(wxEvent& event)
+{
+    // The window waits too, so that all is as usual when GTK is back in its own code.
+    const CEventLife::CHold hold(m_use), above(HostLife(*this, m_use));
+    if (event.GetEventType() == wxEVT_NAVIGATION_KEY)
+        ForwardNavigation(*this, static_cast<wxNavigationKeyEvent&>(event));
+    else if (IsTabPress(event))
+        OnKeyDown(static_cast<wxKeyEvent&>(event));
+    else
+        return W::ProcessEvent(event);
+    return true;
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::SetVisible(bool visible)
+{
+    if (!visible) {
+        W::Show(false);
+        return;
+    }
+    const CLifeWatch alive = this->WatchLife();
+    this->UpdateState();
+    W::Show(true);
+    if (alive.IsAlive())
+        W::Update();
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::UpdateState()
+{
+    UpdateWindowState(this);
+}
+
+template <class W, class T>
+std::string CInplaceText<W, T>::GetText() const
+{
+    return wx2vela(W::GetValue());
+}
+
+// ---- events: keys and texts
+
+template <class W, class T>
+void CInplaceText<W, T>::OnKeyDown(wxKeyEvent& event)
+{
+    CEditKeyEvent record = MakeEditKeyRecord(event);
+    if (!Fire(event, &IEditNotify::OnEditKeyDown, record))
+        return;
+    if (event.GetKeyCode() == WXK_TAB) {
+        // Kept by contract: whatever the listeners did, and the text never gets a tab.
+        if (wxWindow* const parent = W::GetParent())
+            parent->GetEventHandler()->ProcessEvent(event);
+        event.Skip(false);
+    } else if (record.defaultProcessing()) {
+        event.Skip(record.skip);
+    }
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::OnChar(wxKeyEvent& event)
+{
+    CEditKeyEvent record = MakeEditKeyRecord(event);
+    if (Fire(event, &IEditNotify::OnEditChar, record) && record.defaultProcessing() &&
+        event.GetKeyCode() != WXK_TAB)
+        event.Skip(record.skip);
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::OnText(wxCommandEvent& event)
+{
+    CEditTextEvent record;
+    record.text = GetText();
+    this->RaiseCount();
+    if (!Fire(event, &IEditNotify::OnEditTextChanged, record)) // lets no exception through
+        return;
+    this->LowerCount();
+    event.Skip();
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::OnTextEnter(wxCommandEvent& event)
+{
+    CEditEnterEvent record;
+    Fire(event, &IEditNotify::OnEditEnter, record);
+}
+
+// ---- events: the mouse
+
+template <class W, class T>
+void CInplaceText<W, T>::contextMenuEvent(wxContextMenuEvent& event)
+{
+    CContextMenuEvent record;
+    record.position = ContextMenuPosition(*this, event);
+    Fire(event, &IContextMenuNotify::OnContextMenu, record);
+    event.Skip(false); // Kept by contract: the native menu never opens
+}
+
+template <class W, class T>
+void CInplaceText<W, T>::mouseEvent(wxMouseEvent& event)
+{
+    const CLifeWatch alive = this->WatchLife();
+    ForwardMotion(*this, event);
+    event.Skip(alive.IsAlive());
 }
 
 template class CInplaceText<wxTextCtrl, CInplaceEdit>;

@@ -90,6 +90,12 @@ void CEventLife::Outlive(std::unique_ptr<wxObject> part)
         Leftover(*hold, std::move(part));
 }
 
+void CEventLife::Consume(wxEvent& event)
+{
+    event.Skip(false);
+    event.StopPropagation();
+}
+
 void CEventLife::KeepStorage(wxWindow& window)
 {
     wxPendingDelete.DeleteObject(&window); // wx will not delete it again

@@ -14,7 +14,6 @@
 #include <wx/renderer.h>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 
 namespace vela7 {
@@ -100,23 +99,6 @@ wxRect ToWxRect(const rectangle<int>& r)
 
 } // namespace
 
-// The clip in device pixels; false when there is none.
-bool CwxPainter::GetDeviceClip(rectangle<int>& clip) const
-{
-    const rectangle<double> logical = GetClipRect();
-    if (logical.IsNull())
-        return false;
-    point<double> first(logical.left, logical.top);
-    point<double> second(logical.right, logical.bottom);
-    ConvertCoord1(&first, false);
-    ConvertCoord1(&second, false);
-    const auto pixel = [](double v) {
-        return std::isnan(v) ? 0 : static_cast<int>(std::clamp(std::floor(v + 0.5), -1e9, 1e9));
-    };
-    clip = {pixel(first.x), pixel(first.y), pixel(second.x), pixel(second.y)};
-    return true;
-}
-
 // The theme ignores the clipping of the DC. So an element that is clipped in part is drawn off-screen, and
 // the copy to the screen is clipped.
 void CwxPainter::NativeDrawControlElement(wxWindow* window, ControlElement element, int left, int top,
@@ -126,12 +108,13 @@ void CwxPainter::NativeDrawControlElement(wxWindow* window, ControlElement eleme
         internalFocusRect(left, top, right, bottom);
     if (!IsDrawnByTheme(element))
         return;
-    rectangle<int> whole(left, top, right, bottom), clip;
+    rectangle<int> whole(left, top, right, bottom);
     const wxRect seen = gtkport::VisibleArea(*device);
     rectangle<int> shown = whole.Intersect({seen.x, seen.y, seen.x + seen.width, seen.y + seen.height});
-    const bool direct = !GetDeviceClip(clip) || whole.Intersect(clip) == whole;
+    const rectangle<int>* const clip = GetDeviceClip();
+    const bool direct = !clip || whole.Intersect(*clip) == whole;
     if (!direct)
-        shown = shown.Intersect(clip);
+        shown = shown.Intersect(*clip);
     if (shown.IsEmpty())
         return;
     whole = whole.Intersect(

@@ -1,13 +1,15 @@
-// Toolkit windows: from wx events to the toolkit's records.
+// Toolkit windows: from wx events to the toolkit's records; focus, navigation, work from other threads.
 //
 // Every handler is the same four steps: build the record, call the hook, see whether the window still exists,
 // copy passOn back.
 
-#include "window/wxsyswindow_deliver.h"
+#include "vela7/wxsyswindow.h"
 
+#include "life/callout.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxvelawindow.h"
 
+#include <wx/app.h>
 #include <wx/dcclient.h>
 #include <wx/utils.h>
 #include <wx/window.h>
@@ -52,6 +54,30 @@ wxBEGIN_EVENT_TABLE(CwxSysWindow, wxEvtHandler)
 wxEND_EVENT_TABLE()
 // clang-format on
 
+// Calls a hook. False: a listener destroyed the window, or wanted its end before this event came; then the
+// hook is not called. In both cases the event counts as handled whatever passOn says, since wx uses the
+// window after an unhandled event.
+template <class Hook>
+bool CwxSysWindow::Deliver(wxEvent& event, Hook hook)
+{
+    const CEventLife::CHold hold(window->life);
+    const bool wanted = !window->life.IsEnding();
+    if (wanted)
+        CallOut(hook);
+    if (wanted && hold.IsAlive())
+        return true;
+    CEventLife::Consume(event);
+    return false;
+}
+
+// The same for a hook that takes a record, with passOn copied back.
+template <class Record>
+void CwxSysWindow::Deliver(wxEvent& event, Record& record, void (CSysWindow::*hook)(Record*))
+{
+    if (Deliver(event, [&] { (this->*hook)(&record); }))
+        event.Skip(record.passOn);
+}
+
 bool CwxSysWindow::ProcessEvent(wxEvent& event)
 {
     if (event.GetEventType() == wxEVT_CLOSE_WINDOW) // ends the window at once; wx looks at nothing after it
@@ -60,8 +86,7 @@ bool CwxSysWindow::ProcessEvent(wxEvent& event)
     const bool processed = wxEvtHandler::ProcessEvent(event);
     if (hold.IsAlive())
         return processed;
-    event.Skip(false);
-    event.StopPropagation();
+    CEventLife::Consume(event);
     return true;
 }
 
@@ -80,26 +105,26 @@ void CwxSysWindow::mousePressEvent(wxMouseEvent& event)
 {
     CMouseEvent record = MakeMouseRecord(event, wx2velaMouseBtn(event));
     pressedButton = static_cast<int>(record.button);
-    DeliverRecord(event, record, &CSysWindow::ProcessMousePress);
+    Deliver(event, record, &CSysWindow::ProcessMousePress);
 }
 
 void CwxSysWindow::mouseReleaseEvent(wxMouseEvent& event)
 {
     CMouseEvent record = MakeMouseRecord(event, wx2velaMouseBtnUp(event));
     pressedButton = mbNone;
-    DeliverRecord(event, record, &CSysWindow::ProcessMouseRelease);
+    Deliver(event, record, &CSysWindow::ProcessMouseRelease);
 }
 
 void CwxSysWindow::mouseDoubleClickEvent(wxMouseEvent& event)
 {
     CMouseEvent record = MakeMouseRecord(event, wx2velaMouseBtnDClick(event));
-    DeliverRecord(event, record, &CSysWindow::ProcessMouseDoubleClick);
+    Deliver(event, record, &CSysWindow::ProcessMouseDoubleClick);
 }
 
 void CwxSysWindow::mouseMoveEvent(wxMouseEvent& event)
 {
     CMouseEvent record = MakeMouseRecord(event, wx2velaMouseBtnMove(event));
-    DeliverRecord(event, record, &CSysWindow::ProcessMouseMove);
+    Deliver(event, record, &CSysWindow::ProcessMouseMove);
 }
 
 void CwxSysWindow::wheelEvent(wxMouseEvent& event)
@@ -177,7 +202,7 @@ void CwxSysWindow::keyPressEvent(wxKeyEvent& event)
 void CwxSysWindow::keyReleaseEvent(wxKeyEvent& event)
 {
     CKeyboardEvent record = MakeKeyRecord(this, event);
-    DeliverRecord(event, record, &CSysWindow::ProcessKeyRelease);
+    Deliver(event, record, &CSysWindow::ProcessKeyRelease);
 }
 
 void CwxSysWindow::OnChar(wxKeyEvent& event)
@@ -185,7 +210,7 @@ void CwxSysWindow::OnChar(wxKeyEvent& event)
     CKeyboardEvent record(this);
     record.key = static_cast<std::uint32_t>(wx2velaChar(event.GetKeyCode()));
     record.character = static_cast<unsigned char>(event.GetKeyCode() & 0xff);
-    DeliverRecord(event, record, &CSysWindow::ProcessChar);
+    Deliver(event, record, &CSysWindow::ProcessChar);
 }
 
 // ---- geometry, painting, life
@@ -193,7 +218,7 @@ void CwxSysWindow::OnChar(wxKeyEvent& event)
 void CwxSysWindow::moveEvent(wxMoveEvent& event)
 {
     CWindowEvent record(this, event.GetPosition().x, event.GetPosition().y);
-    DeliverRecord(event, record, &CSysWindow::ProcessMove);
+    Deliver(event, record, &CSysWindow::ProcessMove);
 }
 
 void CwxSysWindow::sizeEvent(wxSizeEvent& event)
@@ -203,7 +228,7 @@ void CwxSysWindow::sizeEvent(wxSizeEvent& event)
     const wxSize client =
         window->GetClientSize(); // Kept by contract: the size is the client area's, not what the event says
     CWindowEvent record(this, client.GetWidth(), client.GetHeight());
-    DeliverRecord(event, record, &CSysWindow::ProcessResize);
+    Deliver(event, record, &CSysWindow::ProcessResize);
 }
 
 void CwxSysWindow::paintEvent(wxPaintEvent& event)
@@ -242,6 +267,103 @@ void CwxSysWindow::sysColorChangedEvent(wxSysColourChangedEvent& event)
 {
     event.Skip(true);
     Deliver(event, [this] { ProcessSysColorChanged(); });
+}
+
+// ---- focus and navigation
+
+void CwxSysWindow::SetFocus()
+{
+    window->SetFocus();
+}
+
+bool CwxSysWindow::GetFocused() const
+{
+    // Kept by contract: children count, deeper descendants do not, unlike IsActive; in-place editors are
+    // children.
+    const wxWindow* const focus = wxWindow::FindFocus();
+    return focus && !IsWindowExternal(focus, window);
+}
+
+bool CwxSysWindow::IsActive() const
+{
+    return IsActiveImp(wxWindow::FindFocus());
+}
+
+bool CwxSysWindow::IsActiveImp(const wxWindow* candidate) const
+{
+    while (candidate && candidate != window)
+        candidate = candidate->GetParent();
+    return candidate != nullptr;
+}
+
+void CwxSysWindow::doNavigation(bool forward, bool windowChange)
+{
+    const CLifeWatch alive = WatchLife();
+    wxWindow* const parent = window->GetParent();
+    wxWindow* const grandparent = parent ? parent->GetParent() : nullptr;
+    if (grandparent)
+        grandparent->NavigateIn((forward ? wxNavigationKeyEvent::IsForward : 0) |
+                                (windowChange ? wxNavigationKeyEvent::WinChange : 0));
+    if (alive.IsAlive() && IsActive())
+        CircuitTabTraversal(forward);
+}
+
+void CwxSysWindow::navigationEvent(wxNavigationKeyEvent& event)
+{
+    if (!wxApp::GetInstance() || !wxApp::GetInstance()->IsMainLoopRunning())
+        return;
+    CKeyboardEvent record(this);
+    record.key = static_cast<std::uint32_t>(wx2velaKeyCode(WXK_TAB));
+    if (!event.GetDirection())
+        record.state = ksShift;
+    else if (event.IsWindowChange())
+        record.state = ksControl;
+    // Kept by contract: a window that used the Tab stops wx's navigation by allowNavigation, not by passOn.
+    if (Deliver(event, [&] { ProcessKeyPress(&record); }))
+        event.Skip(record.allowNavigation);
+}
+
+void CwxSysWindow::focusInEvent(wxFocusEvent& event)
+{
+    if (Deliver(event, [this] { ProcessGetFocus(); }))
+        event.Skip();
+}
+
+// Focus that stays inside the window is not lost.
+void CwxSysWindow::focusOutEvent(wxFocusEvent& event)
+{
+    if (IsActiveImp(event.GetWindow()) || Deliver(event, [this] { ProcessReleaseFocus(); }))
+        event.Skip();
+}
+
+// The event is the control's own, so wx goes on using the control: what dies here is dealt with as in the
+// window's own handlers.
+
+void CwxSysWindow::OnChildFocusIn(wxFocusEvent& event)
+{
+    if (IsWindowExternal(event.GetWindow(), window))
+        Deliver(event, [this] { ProcessGetFocus(); });
+}
+
+void CwxSysWindow::OnChildFocusOut(wxFocusEvent& event)
+{
+    if (IsWindowExternal(event.GetWindow(), window))
+        Deliver(event, [this] { ProcessReleaseFocus(); });
+}
+
+// ---- work from other threads
+
+void CwxSysWindow::Synchronize(IRunnable* runnable)
+{
+    if (IsDestroyed())
+        return;
+    QueueEvent(new wxSyncEvent(runnable));
+}
+
+void CwxSysWindow::syncEvent(wxSyncEvent& event)
+{
+    if (IRunnable* const runnable = event.GetRunnable())
+        Deliver(event, [runnable] { runnable->Run(); });
 }
 
 } // namespace vela7

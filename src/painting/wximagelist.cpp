@@ -3,9 +3,9 @@
 #include "convert/devicebounds.h"
 #include "convert/xpmread.h"
 #include "pictures/imagehelpers.h"
-#include "vela7/painter.h"
 #include "vela7/system.h"
 #include "vela7/wxconvert.h"
+#include "vela7/wxpainter.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxxpm.h"
 
@@ -140,7 +140,7 @@ wxImage* CwxImageList::GetDisabledImage(int index)
 void CwxImageList::DrawImp(IPainter* painter, int index, int x, int y, int width, int height,
                            bool transparent, bool normal)
 {
-    if (!painter || !painter->GetDC() || !IsIndex(index))
+    if (!dynamic_cast<CwxPainter*>(painter) || !IsIndex(index))
         return;
     point<double> at(x, y);
     painter->ConvertCoord1(&at, false);
@@ -174,7 +174,7 @@ void CwxImageList::DrawImage(IPainter* painter, int index, int x, int y, bool tr
 void CwxImageList::StretchImage(IPainter* painter, int index, int x, int y, int width, int height,
                                 bool transparent, bool normal)
 {
-    wxDC* const dc = painter ? painter->GetDC() : nullptr;
+    wxDC* const dc = GetWxDC(painter);
     if (dc && !normal)
         GetDisabledImage(index);
     Look& look = normal ? At(index).first : At(index).second;
