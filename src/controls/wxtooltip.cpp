@@ -27,7 +27,7 @@ constexpr int widthOnUnknownMonitor = 600;
 // About the text is a margin, on its right also a gap for each started hundred pixels of it.
 constexpr double marginUnit = 3.0, gapUnit = 2.0;
 
-int Scaled(double length, const IPainter& painter)
+int DevicePixels(double length, const IPainter& painter)
 {
     return static_cast<int>(length * painter.GetDPIScale());
 }
@@ -131,20 +131,20 @@ wxSize CwxTooltip::MeasureText()
     painter.SetCoordConversion(false);
     const CPaintScope paint(painter, ssAsIs);
     painter.SetFont(wx2vela(GetFont()));
-    const int margin = Scaled(marginUnit, painter);
+    const int margin = DevicePixels(marginUnit, painter);
     const auto wrapped = [&](double width, double height) {
         return painter.DrawStringEx(text, {0.0, 0.0, width, height}, measureFormat, -1, breakSet);
     };
     const size<double> extent = singleLine ? painter.GetTextSize(text) : wrapped(10000, 10000);
     const int textWidth = static_cast<int>(extent.width), textHeight = static_cast<int>(extent.height);
-    const int width = textWidth + (textWidth / 100 + 1) * Scaled(gapUnit, painter) + 2 * margin;
+    const int width = textWidth + (textWidth / 100 + 1) * DevicePixels(gapUnit, painter) + 2 * margin;
     const int maxWidth = MaxWidth();
     if (width <= maxWidth)
         return wxSize(width, fixedHeight != 0 ? fixedHeight : textHeight + 2 * margin);
     singleLine = false;
     // Kept by contract: the height that the text needs, even when another one was set.
     const double height =
-        wrapped(maxWidth - (2.0 * margin + Scaled(gapUnit, painter)), 1000.0 * maxWidth).height;
+        wrapped(maxWidth - (2.0 * margin + DevicePixels(gapUnit, painter)), 1000.0 * maxWidth).height;
     const int verticalMargin = fixedHeight != 0 ? (fixedHeight - textHeight) / 2 : margin;
     return wxSize(maxWidth, static_cast<int>(height) + 2 * std::max(1, verticalMargin));
 }
@@ -228,9 +228,10 @@ void CwxTooltip::paintEvent(wxPaintEvent&)
     painter.SetTextColor(foreground);
     // Kept by contract: the far edges are inclusive ones, so the frame leaves the last row and column free.
     painter.Rectangle(r.left, r.top, r.right, r.bottom);
-    const int margin = Scaled(marginUnit, painter);
+    const int margin = DevicePixels(marginUnit, painter);
     // As wide as it was measured with; the inclusive edge takes one pixel of that from the left.
-    const rectangle<double> area(margin - 1, r.top, r.right - (Scaled(gapUnit, painter) + margin), r.bottom);
+    const rectangle<double> area(margin - 1, r.top, r.right - (DevicePixels(gapUnit, painter) + margin),
+                                 r.bottom);
     if (singleLine)
         painter.DrawString(margin, r.top + margin, text);
     else

@@ -150,9 +150,9 @@ void CwxImageList::DrawImp(IPainter* painter, int index, int x, int y, int width
         height = height ? height : scaled.height;
     }
     if (width != 0 && height != 0)
-        StretchImage(painter, index, ToDevice(at.x), ToDevice(at.y), width, height, transparent, normal);
+        StretchImage(painter, index, Truncated(at.x), Truncated(at.y), width, height, transparent, normal);
     else
-        DrawImage(painter, index, ToDevice(at.x), ToDevice(at.y), transparent, normal);
+        DrawImage(painter, index, Truncated(at.x), Truncated(at.y), transparent, normal);
 }
 
 // Shows a look anew where the image is not what its bitmaps were made of. False when there is nothing to

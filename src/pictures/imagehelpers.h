@@ -21,7 +21,7 @@ inline void AssertImage(bool holds, int line, const char* function, const char* 
 }
 
 /// Truncated; far outside any device when it is beyond that, or no number.
-inline int ToDevice(double value)
+inline int Truncated(double value)
 {
     constexpr double limit = 1 << 24;
     return value >= -limit ? static_cast<int>(std::min(value, limit)) : -static_cast<int>(limit);
@@ -30,7 +30,8 @@ inline int ToDevice(double value)
 /// Truncated; scales up to 1.0 change nothing.
 inline size<int> ScaledUp(const size<int>& extent, double scale)
 {
-    return scale > 1.0 ? size<int>(ToDevice(extent.width * scale), ToDevice(extent.height * scale)) : extent;
+    return scale > 1.0 ? size<int>(Truncated(extent.width * scale), Truncated(extent.height * scale))
+                       : extent;
 }
 
 } // namespace vela7

@@ -62,7 +62,7 @@ void CwxAnimation::Draw(IPainter* painter, int x, int y) const
     painter->ConvertCoord1(&at, false);
     const size<int> extent(frame.GetWidth(), frame.GetHeight());
     const size<int> scaled = ScaledUp(extent, Scale());
-    int left = ToDevice(at.x), top = ToDevice(at.y);
+    int left = Truncated(at.x), top = Truncated(at.y);
     wxDC& dc = *painter->GetDC();
     if (!CanMakePicture(scaled.width, scaled.height) ||
         !CanBeSeen(dc, left, top, scaled.width, scaled.height))

@@ -26,6 +26,8 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 namespace vela7 {
@@ -55,7 +57,7 @@ struct BorderRow
 };
 
 // clang-format off
-// Reading back tests from the end: simple before theme before none.
+// Read back from the end: of several flags simple counts before theme, and theme before none.
 constexpr BorderRow borders[] = {
     {ISysWindow::bsNone,   wxBORDER_NONE},
     {ISysWindow::bsTheme,  wxBORDER_THEME},
@@ -242,9 +244,9 @@ void CwxSysWindow::SetBorderStyle(BorderStyle style)
 
 ISysWindow::BorderStyle CwxSysWindow::GetBorderStyle() const
 {
-    if (window->HasFlag(wxBORDER_SIMPLE))
-        return bsSimple;
-    return window->HasFlag(wxBORDER_THEME) ? bsTheme : bsNone;
+    const auto row = std::find_if(std::rbegin(borders), std::rend(borders),
+                                  [this](const BorderRow& border) { return window->HasFlag(border.wx); });
+    return row != std::rend(borders) ? row->style : bsNone;
 }
 
 void CwxSysWindow::SetText(const std::string& text)
