@@ -245,7 +245,9 @@ GdkWindow* WindowWithPointerGrab(GdkDisplay* display)
     gboolean ownerEvents = FALSE;
 #if GTK_CHECK_VERSION(3, 0, 0)
     GdkDevice* const pointer = gdk_seat_get_pointer(gdk_display_get_default_seat(display));
-    gdk_device_grab_info_libgtk_only(display, pointer, &window, &ownerEvents);
+    G_GNUC_BEGIN_IGNORE_DEPRECATIONS // and nothing else to ask
+        gdk_device_grab_info_libgtk_only(display, pointer, &window, &ownerEvents);
+    G_GNUC_END_IGNORE_DEPRECATIONS
 #else
     gdk_pointer_grab_info_libgtk_only(display, &window, &ownerEvents);
 #endif
