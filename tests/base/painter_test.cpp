@@ -5,7 +5,7 @@
 #include <tuple>
 
 using namespace vela7;
-using seam::RecordingPainter;
+using testkit::RecordingPainter;
 
 namespace {
 

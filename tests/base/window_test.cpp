@@ -1,13 +1,13 @@
 #include "common.h"
 #include "contract/recorder.h"
-#include "fakesystem.h"
-#include "fakewindow.h"
-#include "vela7/customcontrol.h"
+#include "vela7/testing/fakecontrols.h"
+#include "vela7/testing/fakesystem.h"
+#include "vela7/testing/fakewindow.h"
 
 #include <functional>
 
 using namespace vela7;
-using namespace vela7::seam;
+using namespace vela7::testkit;
 using test::Recorder;
 
 namespace {
@@ -21,19 +21,21 @@ enum Hides
 
 // Hands a fresh record over.
 template <class Record>
-void Call(FakeWindow& window, void (CSysWindow::*hook)(Record*))
+void Call(CSysWindow& window, void (CSysWindow::*hook)(Record*), std::uint32_t button = mbNone)
 {
     Record record;
     record.sender = &window;
+    if constexpr (std::is_same_v<Record, CMouseEvent>)
+        record.button = button;
     (window.*hook)(&record);
 }
 
 // clang-format off
 const struct Hook { std::string fires; Hides hides; void (*call)(FakeWindow&); } hooks[] = {
-    {"press",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessMousePress); }},
-    {"release", no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseRelease); }},
-    {"double",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseDoubleClick); }},
-    {"motion",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseMove); }},
+    {"press",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessMousePress, mbLeft); }},
+    {"release", no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseRelease, mbRight); }},
+    {"double",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseDoubleClick, mbLeft); }},
+    {"motion",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseMove, mbMiddle); }},
     {"wheel",   yes,     [](auto& w) { Call(w, &CSysWindow::ProcessWheel); }},
     {"enter",   no,      [](auto& w) { Call(w, &CSysWindow::ProcessEnter); }},
     {"leave",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessLeave); }},
@@ -45,50 +47,58 @@ const struct Hook { std::string fires; Hides hides; void (*call)(FakeWindow&); }
     {"menu",    no,      [](auto& w) { Call(w, &CSysWindow::ProcessContextMenu); }},
     {"focus",   no,      [](auto& w) { w.ProcessGetFocus(); }},
     {"unfocus", yes,     [](auto& w) { w.ProcessReleaseFocus(); }},
-    {"draw",    no,      [](auto& w) { w.Paint(); }},
+    {"draw",    no,      [](auto& w) { w.ProcessPaint(&w.painter); }},
     {"colours", no,      [](auto& w) { w.ProcessSysColorChanged(); }},
     {"tab",     no,      [](auto& w) { w.CircuitTabTraversal(true); }},
     {"destroy", yes,     [](auto& w) { w.ProcessDestroy(); }},
 };
 // clang-format on
 
-TEST(WindowHooks, FireTheirOwnOperationUntilHandled)
+class Windows : public testing::Test
+{
+protected:
+    FakeSystem system;
+    FakeWindow& window = system.OpenWindow(100, 80);
+};
+using Tooltip = Windows;
+using TabTraversal = Windows;
+
+TEST_F(Windows, HooksFireTheirOwnOperationUntilHandled)
 {
     for (const Hook& hook : hooks)
         for (const bool passOn : {true, false}) {
             SCOPED_TRACE(hook.fires);
-            FakeWindow window;
-            window.focused = true;
+            FakeWindow& fresh = system.OpenWindow();
+            fresh.SetFocus();
             if (passOn)
-                window.SetTooltip(nullptr);
-            window.TrackTooltip(1, 1, "tip"); // without system: comes to nothing
-            Recorder first(&window), second(&window);
+                fresh.SetTooltip(nullptr);
+            fresh.TrackTooltip(1, 1, "tip");
+            Recorder first(&fresh), second(&fresh);
             first.HearAll();
             second.HearAll();
             first.Do([&](CEvent& event) { event.passOn = passOn; });
-            hook.call(window);
+            hook.call(fresh);
             EXPECT_EQ(first.Count(hook.fires), 1);
             EXPECT_EQ(first.Take().size(), 1U);
             EXPECT_EQ(second.Take().size(), passOn ? 1U : 0U);
         }
 }
 
-TEST(WindowHooks, MayDestroyTheWindow)
+TEST_F(Windows, MayDieInTheirHooks)
 {
-    FakeSystem system;
     for (const Hook& hook : hooks) {
         SCOPED_TRACE(hook.fires);
-        auto* const window = new FakeWindow;
-        window->SetCursor(crHand);
-        window->TrackTooltip(1, 1, "tip");
-        Recorder first(window), second(window);
+        FakeWindow* const dying = &system.OpenWindow();
+        dying->SetCursor(crHand);
+        dying->TrackTooltip(1, 1, "tip");
+        Recorder first(dying), second(dying);
         first.HearAll();
         second.HearAll();
         first.Do([&](CEvent&) {
             first.Do({});
-            delete window;
+            delete dying;
         });
-        hook.call(*window);
+        hook.call(*dying);
         // A press gives the focus first, so that the window is gone before the press is fired.
         const Lines heard = first.Take();
         EXPECT_EQ(heard.front().find(hook.fires == "press" ? "focus" : hook.fires), 0U);
@@ -97,20 +107,20 @@ TEST(WindowHooks, MayDestroyTheWindow)
     }
 }
 
-TEST(Window, ActsBeforeItReports)
+TEST_F(Windows, ActBeforeTheyReport)
 {
-    FakeWindow window;
     Recorder ear(&window);
     ear.HearAll();
+    const auto press = [&] { Call(window, &CSysWindow::ProcessMousePress, mbLeft); };
     // clang-format off
     const struct { const char* what; std::function<void()> act; Lines asked; } table[] = {
-        {"resized",             [&] { window.Resize(30, 20); },                                  {"Invalidate 0 0 30 20"}},
-        {"update switched off", [&] { window.SetUpdateOnResize(false), window.Resize(4, 2); },   {}},
+        {"resized",             [&] { window.Resize(30, 20); },                                {"Invalidate 0 0 30 20"}},
+        {"update switched off", [&] { window.SetUpdateOnResize(false), window.Resize(4, 2); }, {}},
         {"a cursor",            [&] { window.SetCursor(crHand), Call(window, &CSysWindow::ProcessEnter); }, {"ShowCursor 12", "ShowCursor 12"}},
-        {"popup pressed",       [&] { window.SetPopup(1), window.MousePress(1, 1); },            {}},
-        {"pressed",             [&] { window.SetPopup(0), window.MousePress(1, 1); },            {"SetFocus"}},
-        {"has the focus",       [&] { window.MousePress(1, 1); },                                {}},
-        {"wants no focus",      [&] { window.focused = false, window.SetFocusOnClick(false), window.MousePress(1, 1); }, {}},
+        {"popup pressed",       [&] { window.SetPopup(1), press(); },                          {}},
+        {"wants no focus",      [&] { window.SetPopup(0), window.SetFocusOnClick(false), press(); }, {}},
+        {"pressed",             [&] { window.SetFocusOnClick(true), press(); },                {"SetFocus"}},
+        {"has the focus",       press,                                                         {}},
     };
     // clang-format on
     for (const auto& row : table) {
@@ -124,9 +134,8 @@ TEST(Window, ActsBeforeItReports)
     }
 }
 
-TEST(Window, IsDestroyedOnceAndQuietly)
+TEST_F(Windows, AreDestroyedOnceAndQuietly)
 {
-    FakeWindow window;
     Recorder first(&window);
     first.HearAll();
     first.Do([&](CEvent&) {
@@ -142,10 +151,8 @@ TEST(Window, IsDestroyedOnceAndQuietly)
 
 // ---- tooltip
 
-TEST(Tooltip, WaitsForItsDelay)
+TEST_F(Tooltip, WaitsForItsDelay)
 {
-    FakeSystem system;
-    FakeWindow window;
     window.TrackTooltip(7, 8, "tip");
     system.Advance(400);
     window.TrackTooltip(9, 8, "tip"); // the wait begins anew
@@ -167,7 +174,7 @@ TEST(Tooltip, WaitsForItsDelay)
     EXPECT_FALSE(window.IsTooltipVisible());
 }
 
-TEST(Tooltip, IsShownOnlyWhenItMay)
+TEST_F(Tooltip, IsShownOnlyWhenItMay)
 {
     // clang-format off
     const struct { const char* what; int delay; const char* text; bool active, enabled, shown; ITooltip::LayerMode layer = ITooltip::lmNormal; } table[] = {
@@ -178,18 +185,17 @@ TEST(Tooltip, IsShownOnlyWhenItMay)
     };
     // clang-format on
     for (const auto& row : table) {
-        FakeSystem system;
-        FakeWindow window;
+        FakeWindow& fresh = system.OpenWindow();
         system.appActive = row.active;
-        window.SetTooltipDelay(row.delay);
-        window.SetEnableTooltip(row.enabled);
-        window.tooltip.SetLayerMode(row.layer, true);
-        window.TrackTooltip(7, 8, row.text);
-        EXPECT_EQ(window.IsTooltipVisible(), row.shown) << row.what;
+        fresh.SetTooltipDelay(row.delay);
+        fresh.SetEnableTooltip(row.enabled);
+        fresh.tooltip.SetLayerMode(row.layer, true);
+        fresh.TrackTooltip(7, 8, row.text);
+        EXPECT_EQ(fresh.IsTooltipVisible(), row.shown) << row.what;
     }
 }
 
-TEST(Tooltip, HooksThatHideIt)
+TEST_F(Tooltip, HooksThatHideIt)
 {
     enum State
     {
@@ -199,79 +205,70 @@ TEST(Tooltip, HooksThatHideIt)
     };
     for (const Hook& hook : hooks)
         for (const State state : {waiting, shown, underMouse}) {
-            FakeSystem system;
-            FakeWindow window;
-            window.TrackTooltip(7, 8, "tip");
+            FakeWindow& fresh = system.OpenWindow();
+            fresh.TrackTooltip(7, 8, "tip");
             system.Advance(state == waiting ? 499 : 500);
-            window.tooltip.underMouse = state == underMouse;
-            hook.call(window);
+            fresh.tooltip.underMouse = state == underMouse;
+            hook.call(fresh);
             system.Advance(1000);
             const bool kept = hook.hides == no || (hook.hides == outside && state == underMouse);
-            EXPECT_EQ(window.IsTooltipVisible(), kept) << hook.fires << ' ' << state;
+            EXPECT_EQ(fresh.IsTooltipVisible(), kept) << hook.fires << ' ' << state;
         }
 }
 
 // ---- tab stops
 
-struct Stop : CImplEventSender<ICustomControl>
+TEST_F(TabTraversal, GoesRoundTheUsableStops)
 {
-    const char kind; // F = has the focus, h = hidden, d = disabled, else usable
-    const int index;
-    std::string& asked;
-
-    Stop(char k, int i, std::string& a) : kind(k), index(i), asked(a) {}
-    void SetPos(int, int, int, int) override {}
-    rectangle<int> GetPos() const override { return {}; }
-    void SetVisible(bool) override {}
-    bool GetVisible() const override { return kind != 'h'; }
-    void SetEnabled(bool) override {}
-    bool GetEnabled() const override { return kind != 'd'; }
-    void SetFocus() override { asked += "plain "; }
-    void SetFocusEx() override { asked += std::to_string(index); }
-    bool GetFocused() const override { return kind == 'F'; }
-    void* GetNativeHandle() const override { return nullptr; }
-};
-
-TEST(TabTraversal, GoesRoundTheUsableStops)
-{
+    // F = has the focus, h = hidden, d = disabled, o = another one; expected: which gets the focus, w = the
+    // window.
     // clang-format off
-    const struct { const char* stops; const char* forward; const char* backward; } table[] = {
-        {"oFo",  "2", "0"}, {"Foo", "1", "2"}, {"ooF",  "0", "1"},    // wraps
-        {"ooo",  "0", "2"},                                           // nobody has the focus
-        {"Fhdo", "3", "3"}, {"hoFd", "1", "1"}, {"F",   "0", "0"},    // skips
-        {"",     "window", "window"}, {"hd", "window", "window"},
+    const struct { const char* stops; char forward, backward; } table[] = {
+        {"oFo",  '2', '0'}, {"Foo",  '1', '2'}, {"ooF", '0', '1'}, // wraps
+        {"ooo",  '0', '2'},                                        // nobody has the focus
+        {"Fhdo", '3', '3'}, {"hoFd", '1', '1'}, {"F",   '0', '0'}, // skips
+        {"",     'w', 'w'}, {"hd",   'w', 'w'},
     };
     // clang-format on
     for (const auto& row : table)
         for (const bool forward : {true, false}) {
-            FakeWindow window;
-            std::string asked;
-            std::vector<std::unique_ptr<Stop>> stops;
+            FakeWindow& fresh = system.OpenWindow();
+            std::vector<FakeCustomControl*> stops;
+            std::string reported;
             for (const char* kind = row.stops; *kind; ++kind) {
-                stops.push_back(std::make_unique<Stop>(*kind, static_cast<int>(stops.size()), asked));
-                window.AddTabStop(stops.back().get());
+                stops.push_back(new FakeCustomControl(fresh)); // the window's
+                if (*kind == 'F')
+                    stops.back()->SetFocus();
+                stops.back()->SetVisible(*kind != 'h');
+                stops.back()->SetEnabled(*kind != 'd');
+                stops.back()->focus_in_signal.connect([&](ICustomControl*) { reported = "reported"; });
+                fresh.AddTabStop(stops.back());
             }
-            window.CircuitTabTraversal(forward);
-            asked += window.asked.Take() == Lines{"SetFocus"} ? "window" : "";
-            EXPECT_EQ(asked, forward ? row.forward : row.backward) << row.stops;
+            fresh.CircuitTabTraversal(forward);
+            const auto focused =
+                std::find_if(stops.begin(), stops.end(), [](auto* stop) { return stop->GetFocused(); });
+            const bool window = focused == stops.end() && fresh.HasFocus();
+            const char found = window ? 'w' : static_cast<char>('0' + (focused - stops.begin()));
+            EXPECT_EQ(found, forward ? row.forward : row.backward) << row.stops;
+            EXPECT_EQ(reported, "");
         }
 }
 
-TEST(TabTraversal, IsUpToTheListenersFirst)
+TEST_F(TabTraversal, IsUpToTheListenersFirst)
 {
-    FakeWindow window;
     Recorder ear(&window);
     ear.HearAll();
-    std::string asked;
-    Stop stop('o', 0, asked);
+    FakeCustomControl& stop = *new FakeCustomControl(window); // the window's
     window.AddTabStop(&stop);
     ear.Do([](CEvent& event) { event.passOn = static_cast<CKeyboardEvent&>(event).state == 0x100; });
-    window.CircuitTabTraversal(false);
-    EXPECT_EQ(asked, "0");
     window.CircuitTabTraversal(true); // kept from moving
-    window.RemoveTabStop(&stop);
+    EXPECT_FALSE(stop.GetFocused());
     window.CircuitTabTraversal(false);
-    EXPECT_EQ(asked, "0");
+    EXPECT_TRUE(stop.GetFocused());
+    window.RemoveTabStop(&stop);
+    ear.Do({});
+    window.CircuitTabTraversal(false);
+    EXPECT_TRUE(window.HasFocus());
 }
 
 } // namespace
