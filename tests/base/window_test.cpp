@@ -12,12 +12,8 @@ using test::Recorder;
 
 namespace {
 
-enum Hides
-{
-    no,
-    yes,
-    outside
-}; // the tip; outside: unless the mouse is on it
+// The tip: o = unless the mouse is on it.
+constexpr char no = 'n', yes = 'y', outside = 'o';
 
 // Hands a fresh record over.
 template <class Record>
@@ -31,7 +27,7 @@ void Call(CSysWindow& window, void (CSysWindow::*hook)(Record*), std::uint32_t b
 }
 
 // clang-format off
-const struct Hook { std::string fires; Hides hides; void (*call)(FakeWindow&); } hooks[] = {
+const struct Hook { std::string fires; char hides; void (*call)(FakeWindow&); } hooks[] = {
     {"press",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessMousePress, mbLeft); }},
     {"release", no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseRelease, mbRight); }},
     {"double",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseDoubleClick, mbLeft); }},
@@ -149,6 +145,32 @@ TEST_F(Windows, AreDestroyedOnceAndQuietly)
     EXPECT_EQ(window.tooltip.text, "");
 }
 
+// With VELA7_CHECK_HOOKS, which only release builds are without.
+#ifdef VELA7_CHECK_HOOKS
+TEST_F(Windows, HooksLookAtWhatTheyAreHanded)
+{
+    CMouseEvent strange, had(&window), middle(&window);
+    CWindowEvent small(&window, -1, 5);
+    strange.button = had.button = mbLeft;
+    middle.button = 4;
+    had.passOn = false;
+    RecordingPainter painter;
+    const std::pair<std::function<void()>, const char*> table[] = {
+        {[&] { window.ProcessMousePress(&strange); }, "sender"},
+        {[&] { window.ProcessMouseRelease(&had); }, "had"},
+        {[&] { window.ProcessMouseDoubleClick(&middle); }, "button"},
+        {[&] { window.ProcessMouseMove(&middle); }, "button"},
+        {[&] { window.ProcessResize(&small); }, "size"},
+        {[&] { window.ProcessPaint(&painter); }, "painter"},
+    };
+    for (const auto& [act, complaint] : table) {
+        testing::internal::CaptureStderr();
+        act();
+        EXPECT_NE(testing::internal::GetCapturedStderr().find(complaint), std::string::npos) << complaint;
+    }
+}
+#endif
+
 // ---- tooltip
 
 TEST_F(Tooltip, WaitsForItsDelay)
@@ -197,21 +219,15 @@ TEST_F(Tooltip, IsShownOnlyWhenItMay)
 
 TEST_F(Tooltip, HooksThatHideIt)
 {
-    enum State
-    {
-        waiting,
-        shown,
-        underMouse
-    };
     for (const Hook& hook : hooks)
-        for (const State state : {waiting, shown, underMouse}) {
+        for (const std::string state : {"waiting", "shown", "under the mouse"}) {
             FakeWindow& fresh = system.OpenWindow();
             fresh.TrackTooltip(7, 8, "tip");
-            system.Advance(state == waiting ? 499 : 500);
-            fresh.tooltip.underMouse = state == underMouse;
+            system.Advance(state == "waiting" ? 499 : 500);
+            fresh.tooltip.underMouse = state == "under the mouse";
             hook.call(fresh);
             system.Advance(1000);
-            const bool kept = hook.hides == no || (hook.hides == outside && state == underMouse);
+            const bool kept = hook.hides == no || (hook.hides == outside && fresh.tooltip.underMouse);
             EXPECT_EQ(fresh.IsTooltipVisible(), kept) << hook.fires << ' ' << state;
         }
 }

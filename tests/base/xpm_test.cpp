@@ -49,6 +49,10 @@ TEST(XPMBuf, ValuesLine)
             EXPECT_EQ(buffer.GetBuffer() != nullptr, row.lines > 0) << row.values;
         }
     }
+    const char* const most[] = {"1 2147483645 1 1"}; // lines in all: the largest int
+    EXPECT_EQ(XPMImage(most).GetLineCount(), 2147483647);
+    const char* const more[] = {"1 2147483646 1 1"};
+    EXPECT_EQ(XPMImage(more).GetLineCount(), 0);
 }
 
 } // namespace

@@ -44,8 +44,16 @@ protected:
         lines.erase(std::remove_if(lines.begin(), lines.end(), other), lines.end());
         return lines;
     }
-    void Press(std::uint32_t key, std::uint32_t held = 0) { system.user.Key(key, held); }
-    void PressHeader(int x) { system.user.Click(window, x, 5); }
+    void Press(std::uint32_t key, std::uint32_t held = 0)
+    {
+        system.user.Key(key, held);
+        system.WorkToTheEnd();
+    }
+    void SortBy(int x)
+    {
+        system.user.Click(window, x, 5);
+        system.WorkToTheEnd();
+    }
     std::string At(std::uint32_t row, int column)
     {
         view.Select({row, column}, false);
@@ -82,13 +90,11 @@ TEST_F(TableViewTest, SelectsAndCopies)
 {
     system.user.Drag(window, {5, 25}, {60, 45}); // over the edge of the first column
     Press('C', ksControl);
-    system.WorkToTheEnd();
     EXPECT_EQ(system.clipboard.text, "0\tn, 0\n7\tn, 1");
     EXPECT_FALSE(window.HasCapture());
     Press(kcDown, ksShift);
     Press(kcLeft, ksShift);
     Press('C', ksControl);
-    system.WorkToTheEnd();
     EXPECT_EQ(system.clipboard.text, "0\n7\n14");
     Press('A', ksControl);
     EXPECT_EQ(view.SelectedText().substr(0, 28), "0\tn, 0\trow 0\n7\tn, 1\trow 1\n14");
@@ -108,6 +114,9 @@ TEST_F(TableViewTest, ScrollingDrawsWhatComesIntoSight)
     window.Find<FakeScrollBar>(1)->Line(-1);
     EXPECT_EQ(window.asked.Take(), Lines{"ScrollContent 0 20 0 20 399 159"});
     EXPECT_EQ(Texts(window.painter.drawn.Take()).size(), 3u);
+    system.user.PointAt(window, 50, 50);
+    system.user.TurnWheel(-1);
+    EXPECT_EQ(view.TopRow(), 4);
     Press(kcDown); // from above the first row shown
     Paint();
     Press(kcDown);
@@ -122,23 +131,21 @@ TEST_F(TableViewTest, ScrollingDrawsWhatComesIntoSight)
 TEST_F(TableViewTest, SortsByHeader)
 {
     const int name = view.ColumnWidth(0) + 8;
-    PressHeader(8);
+    system.user.Click(window, 8, 5);
     EXPECT_EQ(At(1, 0), "7") << "not before the work is done";
     system.WorkToTheEnd();
     EXPECT_EQ(At(9, 0), "9") << "by value";
-    PressHeader(8);
-    system.WorkToTheEnd();
+    SortBy(8);
     EXPECT_EQ(At(0, 0), "49");
-    PressHeader(8);
+    SortBy(8);
     EXPECT_EQ(At(1, 0), "7") << "as in the file";
     for (const Lines& expected : {Lines{"row 0", "row 3"}, Lines{"row 2", "row 5"}}) {
-        PressHeader(name);
-        system.WorkToTheEnd();
+        SortBy(name);
         EXPECT_EQ((Lines{At(0, 2), At(1, 2)}), expected) << "equal ones as in the file";
     }
-    PressHeader(8);
+    system.user.Click(window, 8, 5);
     system.Work();
-    Press(kcEscape);
+    system.user.Key(kcEscape);
     EXPECT_TRUE(system.Runners().empty()) << "cancelled";
     EXPECT_EQ(At(0, 1), "n, 0");
 }
@@ -152,24 +159,14 @@ TEST_F(TableViewTest, FindsWhatIsTyped)
     type("ROW 1");
     EXPECT_EQ(view.Current(), (CellPos{1, 2}));
     Press(kcReturn);
-    system.WorkToTheEnd();
     EXPECT_EQ(view.Current(), (CellPos{10, 2}));
     type("9");
     Press(kcF3);
-    system.WorkToTheEnd();
     EXPECT_EQ(view.Current(), (CellPos{19, 2})) << "once round";
     type("x");
     EXPECT_EQ(view.Status(), "There is no \"ROW 19x\"");
     Press(kcEscape);
     EXPECT_EQ(view.Status(), "Row 20 of 50, column 3 of 3");
-}
-
-TEST_F(TableViewTest, ReadsInTheBackground)
-{
-    view.Open("/nowhere/x.csv");
-    EXPECT_EQ(view.Status(), "Reading");
-    system.WorkToTheEnd();
-    EXPECT_EQ(view.Status(), "/nowhere/x.csv: No such file or directory");
 }
 
 TEST_F(TableViewTest, SaysWhatBecameOfTheFile)
@@ -187,6 +184,10 @@ TEST_F(TableViewTest, SaysWhatBecameOfTheFile)
     unlink(content->path);
     Paint();
     EXPECT_EQ(view.Status(), "The file was replaced or deleted since it was read. Row 1 of 1, column 1 of 1");
+    view.Open(content->path);
+    EXPECT_EQ(view.Status(), "Reading"); // in the background
+    system.WorkToTheEnd();
+    EXPECT_EQ(view.Status(), content->path + std::string(": No such file or directory"));
 }
 
 // Rows agree in their first 70 bytes and come in pairs that differ later, so that most levels have short runs
