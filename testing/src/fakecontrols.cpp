@@ -371,23 +371,12 @@ bool FakeScrollBar::Report(double value, ScrollAction action)
 bool FakeScrollBar::MoveBy(int steps, ScrollAction back, ScrollAction on)
 {
     const int before = m_position;
-    if (!IsUsable())
-        return false;
-    Move(m_position + steps);
+    if (IsUsable())
+        Move(m_position + steps);
     if (m_position == before)
         return false;
     Report(GetScrollVal(), steps < 0 ? back : on);
     return true;
-}
-
-bool FakeScrollBar::Line(int steps)
-{
-    return MoveBy(steps, saLineUp, saLineDown);
-}
-
-bool FakeScrollBar::Page(int pages)
-{
-    return MoveBy(pages * m_thumb, saPageUp, saPageDown);
 }
 
 bool FakeScrollBar::DragTo(double value)
@@ -400,21 +389,12 @@ bool FakeScrollBar::DragTo(double value)
     return true;
 }
 
-bool FakeScrollBar::ToStart()
+bool FakeScrollBar::ToEnd(bool last)
 {
     if (!IsUsable())
         return false;
-    Move(0);
-    Report(m_min, saAbsolute);
-    return true;
-}
-
-bool FakeScrollBar::ToEnd()
-{
-    if (!IsUsable())
-        return false;
-    Move(m_range);
-    Report(m_min + m_step * m_range, saAbsolute);
+    Move(last ? m_range : 0);
+    Report(last ? m_min + m_step * m_range : m_min, saAbsolute);
     return true;
 }
 

@@ -50,17 +50,6 @@ struct FakeMenu::Native : std::enable_shared_from_this<Native>
                 return item.enabled && (!parent || parent->IsEnabled(this));
         return false;
     }
-    std::string Describe() const
-    {
-        std::string all;
-        for (const Item& item : items) {
-            all += all.empty() ? "" : " ";
-            all += item.separator ? "-" : item.text;
-            all += item.checked ? "*" : "";
-            all += item.sub ? " [" + item.sub->Describe() + "]" : "";
-        }
-        return all;
-    }
 };
 
 FakeMenu::FakeMenu(FakeWindow& window)
@@ -200,11 +189,6 @@ int FakeMenu::IndexOf(int id) const
     return -1;
 }
 
-std::string FakeMenu::Describe() const
-{
-    return m_native->Describe();
-}
-
 // ---- showing and choosing
 
 bool FakeMenu::Popup(int x, int y)
@@ -244,22 +228,11 @@ bool FakeMenu::Show(int x, int y, int& chosen)
     return true;
 }
 
-bool FakeMenu::Pick(const std::string& text)
-{
-    return Choose({-1, &text});
-}
-
-bool FakeMenu::Pick(int id)
-{
-    return Choose({id, nullptr});
-}
-
 // Whoever hears of it may end menus of the chain.
-bool FakeMenu::Choose(const Wanted& wanted)
+bool FakeMenu::Choose(int wanted, const std::string* text)
 {
     const auto fits = [&](const Item& item) {
-        return !item.separator && !item.sub &&
-               (wanted.second ? item.text == *wanted.second : item.id == wanted.first);
+        return !item.separator && !item.sub && (text ? item.text == *text : item.id == wanted);
     };
     Native* in = nullptr;
     Item* const item = m_shown && m_chosen == -1 ? m_native->Find(fits, &in) : nullptr;

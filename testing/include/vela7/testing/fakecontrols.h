@@ -186,13 +186,12 @@ public:
     const bool vertical;
 
     // ---- the user; at the ends of the bar nothing is reported, and the answer is false
-    bool Line(int steps); ///< negative: up or left
-    bool Page(int pages);
+    bool Line(int steps) { return MoveBy(steps, saLineUp, saLineDown); } ///< negative: up or left
+    bool Page(int pages) { return MoveBy(pages * m_thumb, saPageUp, saPageDown); }
     /// Drags the thumb there and lets go of it: two reports.
     bool DragTo(double value);
-    bool ToStart();
-    /// Reports the full extent, not where the thumb stops.
-    bool ToEnd();
+    /// Or to the beginning. The end reports the full extent, not where the thumb stops.
+    bool ToEnd(bool last = true);
 
     /// The thickness stays.
     void SetPos(int left, int top, int right, int bottom) override;

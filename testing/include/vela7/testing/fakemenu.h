@@ -15,7 +15,6 @@
 
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace vela7::testkit {
@@ -31,10 +30,8 @@ public:
 
     /// The user chooses an item of this menu or of one below it; false when it is not to be seen: none has
     /// this text or id, it is disabled, or no menu is shown. Nothing can be chosen after that.
-    bool Pick(const std::string& text);
-    bool Pick(int id);
-    /// The texts, sub-menus with their items in brackets, separators as "-", checked items with a "*" behind.
-    std::string Describe() const;
+    bool Pick(const std::string& text) { return Choose(-1, &text); }
+    bool Pick(int id) { return Choose(id, nullptr); }
     point<int> place; ///< of the last showing, client coordinates of the window
 
     void InsertItem(const std::string& text, int id, int pos) override;
@@ -57,12 +54,11 @@ public:
 private:
     struct Native;
     struct Item;
-    using Wanted = std::pair<int, const std::string*>; // id, or text
 
     Item* FindItem(int item, PlaceType place) const;
     void Insert(Item item, int pos);
     bool Show(int x, int y, int& chosen);
-    bool Choose(const Wanted& wanted);
+    bool Choose(int id, const std::string* text);
     void Chosen(int id);
 
     CHandle<FakeWindow> m_window;
