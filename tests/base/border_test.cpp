@@ -42,6 +42,7 @@ TEST_F(Painting, BordersTakeThePaletteOfThePainterElseTheInstalledElseTheBuiltIn
 {
     CodePalette installed;
     EXPECT_EQ(GetSysPalette(), nullptr);
+    EXPECT_EQ(GetDefaultPalette()->GetSystemColor(ISysPalette::SysColor(99)), clWhite); // as windows
     for (ISysPalette* palette : {static_cast<ISysPalette*>(nullptr), static_cast<ISysPalette*>(&installed)}) {
         SetSysPalette(palette);
         DrawBorder(&p, 0, 0, 0, 0, bsThin, bdNone, false);

@@ -180,6 +180,7 @@ TEST_F(Tooltip, WaitsForItsDelay)
     window.SetEnableTooltip(true);
     window.TrackTooltip(7, 8, "tip");
     window.SetEnableTooltip(false); // the waiting one is dropped
+    EXPECT_FALSE(system.Timers().front()->GetEnabled());
     window.SetEnableTooltip(true);
     system.Advance(5000);
     EXPECT_FALSE(window.IsTooltipVisible());
@@ -248,6 +249,7 @@ TEST_F(TabTraversal, GoesRoundTheUsableStops)
                 stops.back()->SetEnabled(*kind != 'd');
                 stops.back()->focus_in_signal.connect([&](ICustomControl*) { reported = "reported"; });
                 fresh.AddTabStop(stops.back());
+                fresh.AddTabStop(stops.back()); // stands there already
             }
             fresh.CircuitTabTraversal(forward);
             const auto focused =

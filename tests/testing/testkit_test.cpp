@@ -100,6 +100,9 @@ TEST_F(TestKit, MenusLetTheUserPickWhatCanBeSeen)
     sub->InsertItem("deep", 7, -1);
     menu->SetItemEnabled(1, false, IPopupMenu::ptPosition);
     menu->SetItemChecked(0, true, IPopupMenu::ptPosition);
+    menu->SetItemStyle(1, 5, IPopupMenu::ptPosition);
+    EXPECT_EQ(menu->GetItemStyle(1, IPopupMenu::ptPosition) + menu->GetItemStyle(1, IPopupMenu::ptCommand),
+              5u);
     Subscribe<IMenuNotify>(*menu, this);
     Subscribe<IMenuNotify>(*sub, this);
     EXPECT_EQ(menu->Execute(1, 2), -1); // looked at only
