@@ -40,6 +40,7 @@ FakeWindow::FakeWindow(FakeNative& parent, const rectangle<int>& rect, WindowTyp
 // Children go while there still is a window to report to.
 FakeWindow::~FakeWindow()
 {
+    BeginEnd();
     ProcessDestroy();
     ReleaseMouse();
     EndChildren();
@@ -50,7 +51,10 @@ FakeWindow::~FakeWindow()
 
 void FakeWindow::ProcessDestroy()
 {
+    const CLifeWatch alive = WatchLife();
     CSysWindow::ProcessDestroy();
+    if (!alive.IsAlive())
+        return;
     if (auto* const popup = dynamic_cast<FakePopup*>(Parent()))
         popup->LoseContent(*this);
 }

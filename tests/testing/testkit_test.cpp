@@ -157,6 +157,46 @@ TEST_F(TestKit, ThePointerStaysWithWhomItWasPressedOn)
     EXPECT_TRUE(window.HasFocus()); // took it when it was pressed
 }
 
+// By the user, by the host, with the parent; then everything goes on that the user was about to do.
+TEST_F(TestKit, WindowsAndControlsMayEndInAnyNotification)
+{
+    void (*const ends[])(FakeWindow&) = {[](FakeWindow& w) { w.Close(); }, [](FakeWindow& w) { delete &w; },
+                                         [](FakeWindow& w) { delete w.Parent(); }};
+    for (const auto& end : ends)
+        for (const char* hook : {"enter", "motion", "press", "focus", "menu", "release", "double", "wheel",
+                                 "leave", "keydown", "char", "keyup", "unfocus", "draw", "resize"}) {
+            FakeWindow& host = system.OpenWindow(300, 300);
+            auto* const victim = new FakeWindow(host, {0, 0, 100, 100});
+            FakeWindow& other = *new FakeWindow(host, {100, 0, 200, 100});
+            const CHandle<FakeWindow> dying(victim), left(&other);
+            CHandle<IInplaceEdit> edit = victim->CreateInplaceEdit(0);
+            edit->SetPos(50, 50, 100, 100);
+            const CHandle<IPopup> popup = victim->CreatePopup();
+            test::Recorder ear(victim);
+            ear.HearAll();
+            bool heard = false;
+            ear.DoIn(hook, [&](CEvent&) { ear.Do({}), heard = true, end(*victim); });
+            // clang-format off
+            const std::function<void()> steps[] = {
+                [&] { system.user.PointAt(*victim, 1, 1); },  [&] { system.user.PointAt(*victim, 2, 2); },
+                [&] { system.user.Click(mbRight); },          [&] { system.user.DoubleClick(); },
+                [&] { system.user.TurnWheel(1); },            [&] { system.user.Type("a"); },
+                [&] { system.user.PointAt(other, 5, 5); },    [&] { other.SetFocus(); },
+                [&] { edit->SetFocus(); },                    [&] { system.user.Type("b"); },
+                [&] { edit->SetVisible(false); },             [&] { victim->Resize(90, 90); },
+                [&] { popup->Show(500, 500); },               [&] { popup->Hide(); },
+                [&] { victim->Refresh(0, 0, 9, 9, false); },  [&] { victim->Close(); }};
+            // clang-format on
+            for (const auto& step : steps)
+                if (dying && left)
+                    step();
+            system.Settle();
+            EXPECT_TRUE(heard && !dying && !edit && !popup) << hook;
+            EXPECT_EQ(ear.Count("destroy"), 1) << hook;
+            system.user.ReleaseAll();
+        }
+}
+
 TEST_F(TestKit, ThreadsWorkWhenToldTo)
 {
     struct Work : IRunnable

@@ -75,6 +75,8 @@ protected:
 
     FakeNative(Desk& desk, const rectangle<int>& rect) : m_desk(desk), m_rect(rect), m_parent(nullptr) {}
     FakeNative(FakeNative& parent, const rectangle<int>& rect);
+    /// Its end is under way: Close does nothing any more.
+    void BeginEnd() { m_ending = true; }
     void EndChildren();
     bool IsEnding() const { return m_ending; }
     bool IsInUse() const { return m_uses > 0; }
