@@ -1,8 +1,8 @@
-#include "protocol.h"
+#include "vela7/testing/protocol.h"
 
 #include <cstdio>
 
-namespace vela7::seam {
+namespace vela7::testkit {
 
 void Write(std::ostream& line, const std::string& text)
 {
@@ -41,4 +41,4 @@ void Write(std::ostream& line, const point<int>& p)
     line << '(' << p.x << ',' << p.y << ')';
 }
 
-} // namespace vela7::seam
+} // namespace vela7::testkit

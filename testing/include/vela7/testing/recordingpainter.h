@@ -1,30 +1,46 @@
-/// A painter that draws nothing and writes down what reached the device.
+/// A painter that writes down what reached the device.
 ///
 /// Lines carry device coordinates, after all conversions: Rectangle(0, 0, 10, 10) under Scale(2, 2) reads
-/// "Rectangle 0 0 20 20". Getters answer what was set; text is charWidth x charHeight pixels a byte, in every
-/// font. The public fields are the test's to change at any time.
-/// Own it on the stack, or let a handle made from a new one own it.
+/// "Rectangle 0 0 20 20". Getters answer what was set, Clip what can be drawn on; text is charWidth x
+/// charHeight pixels a byte, in every font. The public fields are the test's to change at any time.
+///
+/// What works as pixels: solid fills, that is the clearing at the beginning of a paint, FillRect with a solid
+/// brush and SetPixel, within the clip; GetPixel and PixelAt find them. What deliberately does not:
+/// everything else leaves a line in the log and no pixel, and raster operations count as copying. Own it on
+/// the stack, or let a handle made from a new one own it.
 #pragma once
 
-#include "protocol.h"
 #include "vela7/painter.h"
+#include "vela7/testing/protocol.h"
 #include "vela7/xpm.h"
 
-namespace vela7::seam {
+#include <vector>
 
-class RecordingPainter : public IPainter
+namespace vela7::testkit {
+
+/// What a canvas of this size answers; a screen of 1280 x 1024 pixels at 96 DPI and 24 bits.
+VELA7_TESTING_API int CanvasMetric(ICanvas::CanvasMetrics metric, const size<int>& canvas);
+
+class VELA7_TESTING_API RecordingPainter : public IPainter
 {
 public:
-    rectangle<int> drawRect{0, 0, 100, 100};
     double dpiScale = 1.0;
     int charWidth = 8;
     int charHeight = 16;
     bool failToBegin = false;  ///< there is no device to paint on
-    bool fullRepaint = true;   ///< the last picture is gone
+    bool fullRepaint = true;   ///< the last picture is gone; false after a buffered paint, until Resize
     bool keepLastCoord = true; ///< what DoSetLastCoord answers
-    _color pixel;              ///< what GetPixel finds
 
     Protocol drawn;
+
+    /// The canvas has this size, 100 x 100 unless told, and nothing on it.
+    void Resize(int width, int height);
+    /// What a paint event lets through, until told otherwise.
+    void SetPaintArea(const rectangle<int>& area) { m_paintArea = area; }
+    /// What the clip in force leaves of it, but for excluded rectangles; device pixels.
+    rectangle<int> Clip() const { return m_clip.Intersect(m_paintArea); }
+    /// Black where nothing was filled.
+    _color PixelAt(int x, int y) const;
 
     using Points = const point<int>*;
     using Picture = IRasterPicture*;
@@ -32,9 +48,9 @@ public:
 
     // ---- bracket and state
     bool CreatePaintDevice(StdSettings settings) override;
-    void SetBeginSettings() override {} // not written down: every paint begins with the same settings
+    void SetBeginSettings() override; // not written down: every paint begins with the same settings
     void internalEndPaint() override;
-    rectangle<int> GetDrawRect() override { return drawRect; }
+    rectangle<int> GetDrawRect() override { return m_canvasArea; }
     bool DoSetLastCoord() override { return keepLastCoord; }
     bool IsFullRepaint() const override { return fullRepaint; }
     double internalGetDPIScale() const override { return m_hasDevice ? dpiScale : 1.0; }
@@ -52,18 +68,15 @@ public:
     void SetBkMode(BkMode mode) override { Note("BkMode", m_bkMode = mode); }
     void SetRasterOperation(RasterOperation op) override { Note("Operation", m_operation = op); }
     void internalSetPen(const pen& value) override { Note("Pen", value); }
-    void internalSetBrush(const brush& value) override { Note("Brush", value); }
+    void internalSetBrush(const brush& value) override { Note("Brush", m_brush = value); }
     void internalSetFont(const font& value) override { Note("Font", value); }
-    void internalCancelClipping() override { Note("CancelClip"); }
-    void internalSetClipRect(int l, int t, int r, int b, bool exclude) override
-    {
-        Note(exclude ? "ExcludeClip" : "Clip", l, t, r, b);
-    }
+    void internalCancelClipping() override;
+    void internalSetClipRect(int l, int t, int r, int b, bool exclude) override;
 
     // clang-format off
     // ---- points and lines
-    _color internalSetPixel(int x, int y, _color color) override { return Note("Pixel", x, y, color), color; }
-    _color internalGetPixel(int, int) override { return pixel; }
+    _color internalSetPixel(int x, int y, _color color) override;
+    _color internalGetPixel(int x, int y) override { return PixelAt(x, y); }
     point<int> internalMoveTo(int x, int y) override { return m_position = {x, y}; }
     point<int> internalGetCurrentPos() override { return m_position; }
     void internalLineTo(int x, int y) override;
@@ -75,7 +88,7 @@ public:
     void internalArc(int l, int t, int r, int b, int from, int to) override { Note("Arc", l, t, r, b, from, to); }
     void internalChord(int l, int t, int r, int b, int from, int to) override { Note("Chord", l, t, r, b, from, to); }
     void internalPie(int l, int t, int r, int b, int from, int to) override { Note("Pie", l, t, r, b, from, to); }
-    void internalFillRect(int l, int t, int r, int b) override { Note("FillRect", l, t, r, b); }
+    void internalFillRect(int l, int t, int r, int b) override;
     void internalRectangle(int l, int t, int r, int b) override { Note("Rectangle", l, t, r, b); }
     void internalFocusRect(int l, int t, int r, int b) override { Note("FocusRect", l, t, r, b); }
     void internalEllipse(int l, int t, int r, int b) override { Note("Ellipse", l, t, r, b); }
@@ -114,8 +127,24 @@ private:
         drawn.Note(what, values...);
     }
     void NotePoints(const char* what, Points points, int count, int first, int last);
+    void Fill(int l, int t, int r, int b, const _color& color);
 
+    /// What one fill left; later ones lie on earlier ones.
+    struct Patch
+    {
+        rectangle<int> area;
+        std::vector<rectangle<int>> holes;
+        _color color;
+    };
+
+    rectangle<int> m_canvasArea{0, 0, 100, 100};
+    rectangle<int> m_paintArea = m_canvasArea;
+    rectangle<int> m_clip = m_canvasArea;
+    std::vector<rectangle<int>> m_excluded;
+    std::vector<Patch> m_patches;
+    brush m_brush;
     bool m_hasDevice = false;
+    bool m_buffered = false;
     point<int> m_position;
     _color m_textColor;
     _color m_bkColor{255, 255, 255};
@@ -123,4 +152,4 @@ private:
     RasterOperation m_operation = roCopy;
 };
 
-} // namespace vela7::seam
+} // namespace vela7::testkit

@@ -1,6 +1,9 @@
 /// What a recording object was asked to do: one readable line each, in order.
+///
+/// A value: copy freely. Thread: one.
 #pragma once
 
+#include "vela7/testing/export.h"
 #include "vela7/types.h"
 
 #include <sstream>
@@ -8,20 +11,22 @@
 #include <utility>
 #include <vector>
 
-namespace vela7::seam {
+namespace vela7::testkit {
 
 // How values stand in a line. Strings are quoted; colours read #rrggbb, with alpha #rrggbbaa, or none.
-void Write(std::ostream& line, const std::string& text);
-void Write(std::ostream& line, const _color& color);
-void Write(std::ostream& line, const pen& value);
-void Write(std::ostream& line, const brush& value);
-void Write(std::ostream& line, const font& value);
-void Write(std::ostream& line, const point<int>& p);
+VELA7_TESTING_API void Write(std::ostream& line, const std::string& text);
+VELA7_TESTING_API void Write(std::ostream& line, const _color& color);
+VELA7_TESTING_API void Write(std::ostream& line, const pen& value);
+VELA7_TESTING_API void Write(std::ostream& line, const brush& value);
+VELA7_TESTING_API void Write(std::ostream& line, const font& value);
+VELA7_TESTING_API void Write(std::ostream& line, const point<int>& p);
 template <class Plain>
 void Write(std::ostream& line, Plain value)
 {
     line << value;
 }
+
+using Lines = std::vector<std::string>;
 
 class Protocol
 {
@@ -36,11 +41,13 @@ public:
         m_lines.push_back(line.str());
     }
 
+    /// The lines so far.
+    const Lines& Peek() const { return m_lines; }
     /// The lines so far; starts anew.
-    std::vector<std::string> Take() { return std::exchange(m_lines, {}); }
+    Lines Take() { return std::exchange(m_lines, {}); }
 
 private:
-    std::vector<std::string> m_lines;
+    Lines m_lines;
 };
 
-} // namespace vela7::seam
+} // namespace vela7::testkit
