@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 #include <unistd.h>
-#include <wx/image.h>
 
 namespace vela7 {
 namespace {
@@ -34,8 +33,8 @@ protected:
     }
     wxString MakeMoving()
     {
-        return Make("moving.gif", {"-delay", "10", "xc:red", "-delay", "20", "gradient:", "-delay", "30",
-                                   "xc:blue", "-loop", "0"});
+        return Make("moving.gif",
+                    {"-delay", "10", "xc:red", "-delay", "20", "xc:lime", "-delay", "30", "xc:blue"});
     }
     Pixels Draw(const IAnimation& animation)
     {
@@ -52,29 +51,25 @@ private:
 
 TEST_F(Animation, StepsByTimeAndScales)
 {
-    const wxString file = MakeMoving(), slowFile = Make("slow.gif", {"-delay", "9000", "xc:red", "xc:blue"});
-    const auto slow = CreateAnimation(wxAnimation(slowFile), false);
-    for (const int frame : {0, 1, 2, 0})
-        for (const bool dpiScale : {false, true}) {
-            SCOPED_TRACE(frame);
-            const std::string name = std::string(file) + '[' + std::to_string(frame) + ']';
-            const std::string rgb = RunProgram({"convert", name, "-depth", "8", "rgb:-"}).output;
-            ASSERT_EQ(768u, rgb.size());
-            wxImage seen(16, 16), expected = canvas.Draw([](IPainter&) {}).ToImage();
-            std::copy(rgb.begin(), rgb.end(), seen.GetData());
-            expected.Paste(dpiScale ? seen.Scale(32, 32) : seen, 10, 20);
-            system.scale = 2.0;
-            const auto animation = CreateAnimation(wxAnimation(file), dpiScale);
-            EXPECT_EQ(dpiScale ? size<int>(32, 32) : size<int>(16, 16), animation->GetSize());
+    const wxAnimation moving(MakeMoving());
+    const auto slow =
+        CreateAnimation(wxAnimation(Make("slow.gif", {"-delay", "9000", "xc:red", "xc:blue"})), false);
+    const std::uint32_t colours[] = {0xff0000, 0x00ff00, 0x0000ff};
+    system.scale = 2.0;
+    for (const int side : {16, 32}) {
+        const auto animation = CreateAnimation(moving, side == 32);
+        EXPECT_EQ(size<int>(side, side), animation->GetSize());
+        for (const int frame : {0, 1, 2, 0}) {
             const auto shows = [&] { // its delay is what is left of 100, 200 and 300 ms
                 animation->NextFrame();
                 const int delay = animation->GetDelay() - 100 * frame;
-                return delay > 0 && delay <= 100 && Draw(*animation).At(10, 20) == Pixels(seen).At(0, 0);
+                return delay > 0 && delay <= 100 &&
+                       Draw(*animation).BoxOf(colours[frame]) == wxRect(10, 20, side, side);
             };
-            ASSERT_TRUE(WaitFor(shows, "the frame"));
-            ExpectSamePixels(Pixels(expected), Draw(*animation), "frame");
+            EXPECT_TRUE(WaitFor(shows, "the frame"));
             slow->NextFrame();
         }
+    }
     EXPECT_EQ(0xff0000u, Draw(*slow).At(10, 20)) << "time counts, not the calls";
 }
 

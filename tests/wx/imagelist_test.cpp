@@ -32,11 +32,14 @@ wxImage Icon(int width, int height, int left, bool mask = false)
 class ImageList : public testing::Test
 {
 protected:
+    using DrawCall = void (IImageList::*)(IPainter*, int, int, int, int, int);
+    static constexpr DrawCall looks[] = {&IImageList::Draw, &IImageList::DrawTransparent,
+                                         &IImageList::DrawDisabled};
+
     int Add(wxImage image) { return list.AddOriginalImage(image), list.GetImageCount() - 1; }
-    void Each(IPainter* painter, int index, int side)
+    Pixels Shown(DrawCall draw, int index, int x, int y, int width, int height)
     {
-        for (auto draw : {&IImageList::Draw, &IImageList::DrawTransparent, &IImageList::DrawDisabled})
-            (list.*draw)(painter, index, 0, 0, side, side);
+        return canvas.Draw([&](IPainter& p) { (list.*draw)(&p, index, x, y, width, height); });
     }
 
     CwxImageList list;
@@ -106,10 +109,9 @@ TEST_F(ImageList, SizesOfWhatIsDrawn)
         SetDPIAutoScale(row.flags);
         canvas.painter.scale = row.painter;
         system.scale = row.system;
-        for (auto draw : {&IImageList::Draw, &IImageList::DrawTransparent, &IImageList::DrawDisabled}) {
-            const auto call = [&](IPainter& p) { (list.*draw)(&p, 0, 10, 20, row.width, row.height); };
-            EXPECT_EQ(row.drawn.x ? wxRect({10, 20}, row.drawn) : wxRect(), canvas.Draw(call).BoxOf(red));
-        }
+        for (const DrawCall draw : looks)
+            EXPECT_EQ(row.drawn.x ? wxRect({10, 20}, row.drawn) : wxRect(),
+                      Shown(draw, 0, 10, 20, row.width, row.height).BoxOf(red));
         const int side = !row.flags || row.system == 1.0 ? 15 : row.system == 1.5 ? 22 : 30;
         EXPECT_EQ(size<int>(side, side), list.GetSize(0));
     }
@@ -126,23 +128,23 @@ TEST_F(ImageList, PixelsOfTheLooks)
     for (const int side : {0, 32, 0})
         for (const int icon : {masked, alpha}) {
             SCOPED_TRACE(testing::Message() << side << ' ' << icon);
-            Pixels seen = canvas.Draw([&](IPainter& p) {
+            const Pixels whole = canvas.Draw([&](IPainter& p) {
                 p.SetRasterOperation(roXor); // no matter
                 list.Draw(&p, icon, 10, 10, side, side);
                 EXPECT_EQ(roXor, p.GetRasterOperation());
             });
-            EXPECT_EQ(red, seen.At(18, 18));
+            EXPECT_EQ(red, whole.At(18, 18));
             EXPECT_EQ(icon == masked && side ? 0x010203 : magenta,
-                      seen.At(11, 18)); // scaled: wx's mask colour
-            seen = canvas.Draw([&](IPainter& p) {
+                      whole.At(11, 18)); // scaled: wx's mask colour
+            const Pixels cut = canvas.Draw([&](IPainter& p) {
                 p.SetClipRect(0, 0, 100, 19);
                 list.DrawTransparent(&p, icon, 10, 10, side, side);
             });
-            EXPECT_TRUE(seen.At(18, 18) == red && seen.At(18, 19) == ground && seen.At(11, 18) == ground);
-            seen = canvas.Draw([&](IPainter& p) { list.DrawDisabled(&p, icon, 10, 10, side, side); });
-            const int blue = seen.At(18, 18) & 0xff; // 127 of 255 of red's grey on 30; it may be rounded
-            EXPECT_TRUE(blue >= 51 && blue <= 55) << blue;
-            EXPECT_EQ(ground, seen.At(11, 18));
+            EXPECT_TRUE(cut.At(18, 18) == red && cut.At(18, 19) == ground && cut.At(11, 18) == ground);
+            const Pixels disabled = Shown(&IImageList::DrawDisabled, icon, 10, 10, side, side);
+            EXPECT_NEAR(53, disabled.At(18, 18) & 0xff,
+                        2); // 127 of 255 of red's grey on 30; it may be rounded
+            EXPECT_EQ(ground, disabled.At(11, 18));
         }
     const Pixels moved = canvas.Draw([&](IPainter& p) {
         p.Scale(1.5, 1.5);
@@ -154,24 +156,22 @@ TEST_F(ImageList, PixelsOfTheLooks)
 TEST_F(ImageList, DrawsImagesAsTheyAreNow)
 {
     wxImage& image = *list.GetImage(Add(Icon(16, 16, 0)), true);
-    for (const int step : {0, 1, 2, 3}) {
-        if (step == 1)
-            std::fill_n(image.GetData(), 768, static_cast<unsigned char>(128));
-        if (step == 2)
-            image.SetMaskColour(128, 128, 128);
-        if (step == 3)
-            image = Icon(20, 16, 2);
-        for (const int side : {0, 32}) {
-            const auto draw = [&](IPainter& p) { list.DrawTransparent(&p, 0, 0, 0, side, side); };
-            EXPECT_EQ(step == 1 ? 0x808080 : step == 2 ? ground : red, canvas.Draw(draw).At(8, 8)) << step;
-        }
+    const std::pair<void (*)(wxImage&), std::uint32_t> steps[] = {
+        {[](wxImage&) {}, red},
+        {[](wxImage& i) { std::fill_n(i.GetData(), 768, static_cast<unsigned char>(128)); }, 0x808080},
+        {[](wxImage& i) { i.SetMaskColour(128, 128, 128); }, ground},
+        {[](wxImage& i) { i = Icon(20, 16, 2); }, red}};
+    for (const auto& [change, expected] : steps) {
+        change(image);
+        for (const int side : {0, 32})
+            EXPECT_EQ(expected, Shown(&IImageList::DrawTransparent, 0, 0, 0, side, side).At(8, 8));
     }
 }
 
 TEST_F(ImageList, RasterPicturesAndIndexes)
 {
-    EXPECT_EQ(-1, list.AddRasterPicture(&picture, key)); // empty
-    EXPECT_EQ(-1, list.AddRasterPicture(nullptr, key));
+    EXPECT_TRUE(list.AddRasterPicture(&picture, key) == -1 &&
+                list.AddRasterPicture(nullptr, key) == -1); // no pixels
     picture.SetBitmap(wxBitmap(Icon(16, 16, 2)));
     EXPECT_EQ(0, list.AddRasterPicture(&picture, key));
     EXPECT_EQ(1, list.AddRasterPicture(&picture, _color::none()));
@@ -190,29 +190,28 @@ TEST_F(ImageList, RasterPicturesAndIndexes)
 TEST_F(ImageList, DrawsNothingWhereItCannot)
 {
     Add(Icon(16, 16, 0));
-    const Pixels untouched = canvas.Draw([](IPainter&) {});
+    EXPECT_EQ(1, list.AddXPM(XPMImage())); // added all the same
+    ExpectAsserts(1, "src/wximagelist:31 create_paletteless_image: image.IsOk() / ");
     struct Foreign : seam::RecordingPainter
     {
         wxDC* GetDC() override { return &dc; }
         wxMemoryDC dc;
     } foreign;
-    foreign.dc.SelectObject(canvas.GetBitmap());
-    const CPaintScope scope(foreign);
-    Each(&foreign, 0, 0);
-    Each(&canvas.painter, 0, 20); // outside of a paint
-    Each(nullptr, 0, 0);
-    foreign.dc.SelectObject(wxNullBitmap);
-    ExpectSamePixels(untouched, ReadPixels(canvas.GetBitmap()), "foreign");
-    EXPECT_EQ(1, list.AddXPM(XPMImage())); // added all the same
-    ExpectAsserts(1, "src/wximagelist:31 create_paletteless_image: image.IsOk() / ");
     const Pixels seen = canvas.Draw([&](IPainter& p) {
-        for (const int index : {-1, 1, 2, 1 << 30})
-            Each(&p, index, 20);
-        for (const bool normal : {false, true}) // out of sight
-            list.DrawImp(&p, 0, 1 << 24, -(1 << 16), 0, 0, true, normal);
+        foreign.dc.SelectObjectAsSource(canvas.GetBitmap());
+        const CPaintScope scope(foreign);
+        for (const DrawCall draw : looks) {
+            (list.*draw)(&foreign, 0, 0, 0, 0, 0);
+            (list.*draw)(nullptr, 0, 0, 0, 0, 0);
+            for (const int index : {-1, 1, 2, 1 << 30})
+                (list.*draw)(&p, index, 0, 0, 20, 20);
+            (list.*draw)(&p, 0, 1 << 24, -(1 << 16), 0, 0); // out of sight
+        }
     });
     ExpectAsserts(1, "src/wximagelist:314 GetDisabledImage: m_Elements[index].first.IsOk() / ");
-    ExpectSamePixels(untouched, seen, "indexes");
+    EXPECT_EQ(100 * 100, seen.CountColour(seen.Bounds(), ground));
+    list.Draw(&canvas.painter, 0, 0, 0, 0, 20); // outside of a paint
+    ExpectSamePixels(seen, ReadPixels(canvas.GetBitmap()), "outside");
 }
 
 } // namespace
