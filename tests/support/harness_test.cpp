@@ -56,7 +56,8 @@ TEST_F(Harness, PixelsAreReadBack)
     image.SetRGB(7, 5, 0xFF, 0, 0);
     setenv("VELA7_TEST_OUTPUT", "harness-output", 1);
     EXPECT_NONFATAL_FAILURE(ExpectSamePixels(shown, Pixels(image), "changed"), "at 7,5");
-    EXPECT_NONFATAL_FAILURE(ExpectSamePixels(shown, Pixels(image.GetSubImage({0, 0, 400, 5})), "cut"), "is nothing");
+    EXPECT_NONFATAL_FAILURE(ExpectSamePixels(shown, Pixels(image.GetSubImage({0, 0, 400, 5})), "cut"),
+                            "size 400x5, expected 400x300");
     unsetenv("VELA7_TEST_OUTPUT");
     wxImage written("harness-output/Harness.PixelsAreReadBack-changed-actual.png");
     ExpectSamePixels(Pixels(image), Pixels(written), "written");

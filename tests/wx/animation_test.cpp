@@ -11,10 +11,8 @@
 #include <gtk/gtk.h>
 #include <unistd.h>
 
-namespace vela7 {
-namespace {
-
-using namespace test;
+using namespace vela7;
+using namespace vela7::test;
 using Strings = std::vector<std::string>;
 
 class Animation : public testing::Test
@@ -130,6 +128,3 @@ TEST_F(Animation, OddFiles)
         std::filesystem::resize_file(std::string(zero), length);
     }
 }
-
-} // namespace
-} // namespace vela7

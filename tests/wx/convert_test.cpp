@@ -11,8 +11,7 @@
 #include <cmath>
 #include <vector>
 
-namespace vela7 {
-namespace {
+using namespace vela7;
 
 TEST(Convert, Text)
 {
@@ -123,40 +122,34 @@ TEST(ConvertKeys, Table)
 
 TEST(ConvertState, OneBitOfKeysAndAllOfTheMouse)
 {
-    // By the bits of wx: shift, control, alt; left, right, middle.
-    const std::uint32_t ofKey[] = {0, 0x100, 0x200, 0x100, 0x400, 0x100, 0x400, 0x100};
-    const std::uint32_t button[] = {0, 1, 3, 1, 2, 1, 3, 1};
-    for (std::uint32_t bits = 0; bits < 8; ++bits) {
+    const std::uint32_t ofKey[] = {0,     0x100, 0x200, 0x100,
+                                   0x400, 0x100, 0x400, 0x100}; // by shift, control, alt
+    const std::uint32_t button[] = {0, 1, 3, 1, 2, 1, 3, 1};    // by left, right, middle
+    for (std::uint32_t bits = 0; bits < 64; ++bits) {
+        wxMouseEvent mouse(wxEVT_MOTION);
+        mouse.SetLeftDown((bits & 1) != 0);
+        mouse.SetRightDown((bits & 2) != 0);
+        mouse.SetMiddleDown((bits & 4) != 0);
+        mouse.SetShiftDown((bits & 8) != 0);
+        mouse.SetControlDown((bits & 16) != 0);
+        mouse.SetAltDown((bits & 32) != 0);
         wxKeyEvent key(wxEVT_KEY_DOWN);
-        wxMouseEvent mouse(wxEVT_MOTION), buttons(wxEVT_MOTION);
-        for (wxKeyboardState* const state :
-             {static_cast<wxKeyboardState*>(&key), static_cast<wxKeyboardState*>(&mouse)}) {
-            state->SetShiftDown((bits & 1) != 0);
-            state->SetControlDown((bits & 2) != 0);
-            state->SetAltDown((bits & 4) != 0);
-        }
-        EXPECT_EQ(ofKey[bits], wx2velaKeyState(key)) << bits;
-        EXPECT_EQ(bits << 8, wx2velaMouseState(mouse));
-        buttons.SetLeftDown((bits & 1) != 0);
-        buttons.SetRightDown((bits & 2) != 0);
-        buttons.SetMiddleDown((bits & 4) != 0);
-        EXPECT_EQ(bits, wx2velaMouseState(buttons));
-        EXPECT_EQ(button[bits], wx2velaMouseBtnMove(buttons)) << bits;
+        static_cast<wxKeyboardState&>(key) = mouse;
+        EXPECT_EQ((bits & 7) | (bits & 0x38) << 5, wx2velaMouseState(mouse));
+        EXPECT_EQ(button[bits & 7], wx2velaMouseBtnMove(mouse)) << bits;
+        EXPECT_EQ(ofKey[bits >> 3], wx2velaKeyState(key)) << bits;
     }
 }
 
 TEST(ConvertButtons, NumbersByEventType)
 {
-    const wxEventType types[] = {
-        wxEVT_LEFT_DOWN, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN,    wxEVT_LEFT_UP,      wxEVT_MIDDLE_UP,
-        wxEVT_RIGHT_UP,  wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DCLICK, wxEVT_RIGHT_DCLICK, wxEVT_MOTION};
     std::string seen;
-    for (const wxEventType type : types) {
+    for (const wxEventType type :
+         {wxEVT_LEFT_DOWN, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN, wxEVT_LEFT_UP, wxEVT_MIDDLE_UP,
+          wxEVT_RIGHT_UP, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DCLICK, wxEVT_RIGHT_DCLICK, wxEVT_MOTION}) {
         const wxMouseEvent event(type);
-        for (const std::uint32_t button :
-             {wx2velaMouseBtn(event), wx2velaMouseBtnUp(event), wx2velaMouseBtnDClick(event)})
-            seen += static_cast<char>('0' + button);
-        seen += ' ';
+        seen += std::to_string(wx2velaMouseBtn(event)) + std::to_string(wx2velaMouseBtnUp(event)) +
+                std::to_string(wx2velaMouseBtnDClick(event)) + ' ';
     }
     EXPECT_EQ("100 200 300 010 020 030 001 002 003 000 ", seen);
 }
@@ -178,6 +171,3 @@ TEST(ConvertScale, EstimatesUntilTheDesktopHasAResolutionAndKeepsIt)
     gdk_screen_set_resolution(screen, 72); // read once
     EXPECT_DOUBLE_EQ(1.25, correctScaleWithDefaultFontSize(2.0));
 }
-
-} // namespace
-} // namespace vela7

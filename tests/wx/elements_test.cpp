@@ -1,23 +1,15 @@
 // Control elements: what the theme is asked for, what clipping does to it, and the look drawn by hand.
 
+#include "drawingtest.h"
 #include "vela7/palette.h"
-#include "vela7/wxrstpainter.h"
-#include "vela7/wxwinpainter.h"
-#include "windowhelpers.h"
 
-#include <functional>
 #include <map>
 #include <wx/app.h>
-#include <wx/brush.h>
-#include <wx/pen.h>
 #include <wx/renderer.h>
 
-namespace vela7 {
-namespace {
+using namespace vela7;
+using namespace vela7::test;
 
-using namespace test;
-
-constexpr std::uint32_t ground = 0x0a141e;
 constexpr std::uint32_t ink = 0xff00ff; // of the recording renderer
 
 constexpr ControlElement Element(int code)
@@ -29,15 +21,15 @@ constexpr ControlElement Element(int code)
 
 // Stands in for the theme while it lives. Fills the left half of the element and overshoots it: like the
 // theme it does not care for the clipping of the device.
-class Recorder : public wxDelegateRendererNative
+class ThemeRecorder : public wxDelegateRendererNative
 {
 public:
-    Recorder()
+    ThemeRecorder()
     {
         wxRendererNative::Get(); // makes the theme's, which must not end ours when it is made later
         m_before = wxRendererNative::Set(this);
     }
-    ~Recorder() override { wxRendererNative::Set(m_before); }
+    ~ThemeRecorder() override { wxRendererNative::Set(m_before); }
 
     // clang-format off
     struct Call { std::string name; wxWindow* window; wxDC* dc; wxRect rect; int flags; };
@@ -66,29 +58,8 @@ private:
     std::vector<Call> m_calls;
 };
 
-class Themed : public GuiTest
+class Themed : public DrawingTest
 {
-protected:
-    // With a yellow brush, on the window and on a picture, which borrows the top window.
-    Pixels Draw(const std::function<void(CwxPainter&)>& draw)
-    {
-        const CHandle<CwxRasterPicture> picture(new CwxRasterPicture(size<int>(400, 300)));
-        CwxWinPainter onWindow(frame);
-        CwxRstPainter onPicture(picture.Get());
-        for (CwxPainter* const painter :
-             {static_cast<CwxPainter*>(&onWindow), static_cast<CwxPainter*>(&onPicture)}) {
-            const CPaintScope scope(*painter, ssAsIs);
-            painter->SetBrush(brush{Toolkit(ground), bsSolid});
-            painter->FillRect(0, 0, 400, 300);
-            painter->SetBrush(brush{clYellow, bsSolid});
-            const wxPen pen = painter->GetDC()->GetPen();
-            draw(*painter);
-            EXPECT_TRUE(pen == painter->GetDC()->GetPen());
-        }
-        const Pixels shown = ReadPixels(frame);
-        ExpectSamePixels(shown, ReadPixels(picture->GetBitmap()), "picture");
-        return shown;
-    }
 };
 
 TEST_F(Themed, TellsTheRendererElementAndState)
@@ -105,9 +76,8 @@ TEST_F(Themed, TellsTheRendererElementAndState)
         {10, 0x00, "radio",  wxCONTROL_CHECKED}, {11, 0x00, "radio", 0},
     };
     // clang-format on
-    Recorder recorder;
+    ThemeRecorder recorder;
     Draw([&](CwxPainter& painter) {
-        const wxBrush before = painter.GetDC()->GetBrush();
         for (const auto& row : rows) {
             painter.DrawControlElement(Element(row.code), 20, 30, 60, 50, row.state);
             const auto calls = recorder.Take();
@@ -116,19 +86,16 @@ TEST_F(Themed, TellsTheRendererElementAndState)
             EXPECT_EQ(frame, calls[0].window);
             EXPECT_EQ(wxRect(20, 30, 40, 20), calls[0].rect);
             EXPECT_EQ(row.flags, calls[0].flags) << row.code;
-            EXPECT_TRUE(before == painter.GetDC()->GetBrush());
         }
     });
-    const auto dotted = [&](CwxPainter& painter) {
-        painter.DrawControlElement(ceFocusRect, 20, 30, 60, 50, 0);
-    };
+    const auto dotted = [&](CwxPainter& p) { p.DrawControlElement(ceFocusRect, 20, 30, 60, 50, 0); };
     EXPECT_EQ(wxRect(20, 30, 40, 20), Draw(dotted).BoxOf(0xffffff ^ ground));
-    const auto unknown = [&](CwxPainter& painter) {
-        painter.SetClipRect(30, 40, 300, 200);
+    const auto unknown = [&](CwxPainter& p) {
+        p.SetClipRect(30, 40, 300, 200);
         for (const int code : {12, 13, 1000, -1})
-            painter.DrawControlElement(Element(code), 20, 30, 60, 50, 0);
+            p.DrawControlElement(Element(code), 20, 30, 60, 50, 0);
     };
-    EXPECT_EQ(wxRect(), BoxOfOthers(Draw(unknown), ground));
+    EXPECT_EQ(wxRect(), BoxOfDrawn(unknown, true));
     EXPECT_TRUE(recorder.Take().empty());
 }
 
@@ -147,56 +114,54 @@ TEST_F(Themed, HeedsTheClipRectangle)
         {{60, 30, 300, 200},   {}, {}}, {{0, 50, 300, 200}, {}, {}}, {{100, 100, 100, 100}, {}, {}},
     };
     // clang-format on
-    Recorder recorder;
+    ThemeRecorder recorder;
     for (const auto& c : cases)
-        for (const double scale : {1.0, 2.0}) {
+        for (const double scale : {1.0, 3.0}) {
             SCOPED_TRACE(testing::Message() << &c - cases << " at " << scale);
-            const Pixels drawn = Draw([&](CwxPainter& painter) {
+            const auto draw = [&](CwxPainter& p) {
                 // The same pixels in other coordinates.
-                painter.Translate(-20, -10);
-                painter.Scale(scale, scale);
+                p.Translate(-20, -10);
+                p.Scale(scale, scale);
                 const auto x = [&](double v) { return (v + 20) / scale; };
                 const auto y = [&](double v) { return (v + 10) / scale; };
                 if (!c.clip.IsNull())
-                    painter.SetClipRect(x(c.clip.left), y(c.clip.top), x(c.clip.right), y(c.clip.bottom));
-                painter.DrawControlElement(cePushButton, x(20), y(30), x(60), y(50), 0);
+                    p.SetClipRect(x(c.clip.left), y(c.clip.top), x(c.clip.right), y(c.clip.bottom));
+                p.DrawControlElement(cePushButton, x(20), y(30), x(60), y(50), 0);
                 const auto calls = recorder.Take();
                 ASSERT_EQ(c.drawn.IsEmpty() ? 0u : 1u, calls.size());
                 const bool direct = c.inked == c.drawn && c.inked.width > 1;
-                EXPECT_TRUE(calls.empty() || direct == (calls[0].dc == painter.GetDC()));
-            });
+                EXPECT_TRUE(calls.empty() || direct == (calls[0].dc == p.GetDC()));
+            };
+            const Pixels drawn = Draw(draw, true);
             EXPECT_EQ(c.inked, drawn.BoxOf(ink));
             EXPECT_EQ(c.drawn, BoxOfOthers(drawn, ground));
         }
     // Where the brush does not fill all, the element stands on what is there, as if beside it. All of it
     // mirrored.
-    const brush hatch{clYellow, bsCross};
-    const Pixels expected = Draw([&](CwxPainter& painter) {
-        painter.SetBrush(hatch);
-        painter.FillRect(40, 40, 60, 50);
-        painter.SetBrush(brush{Toolkit(ink), bsSolid});
-        painter.FillRect(30, 40, 40, 50);
-    });
-    const Pixels hatched = Draw([&](CwxPainter& painter) {
-        painter.SetBrush(hatch);
-        painter.Scale(-1, 1);
-        painter.SetClipRect(-30, 40, -300, 200);
-        painter.DrawControlElement(cePushButton, -20, 30, -60, 50, 0);
-    });
-    ExpectSamePixels(expected, hatched, "hatched");
+    const auto expected = [](CwxPainter& p) {
+        p.SetBrush(brush{clYellow, bsCross});
+        p.FillRect(40, 40, 60, 50);
+        p.SetBrush(brush{Toolkit(ink), bsSolid});
+        p.FillRect(30, 40, 40, 50);
+    };
+    const auto hatched = [](CwxPainter& p) {
+        p.SetBrush(brush{clYellow, bsCross});
+        p.Scale(-1, 1);
+        p.SetClipRect(-30, 40, -300, 200);
+        p.DrawControlElement(cePushButton, -20, 30, -60, 50, 0);
+    };
+    ExpectSamePixels(Draw(expected, true), Draw(hatched, true), "hatched");
 }
 
 TEST_F(Themed, DrawsWhatIsLargerThanAnyPicture)
 {
-    const auto clipped = [](CwxPainter& painter) {
-        painter.SetClipRect(30, 40, 60, 45);
-        painter.DrawControlElement(cePushButton, -20000, 30, 20000, 50, 0);
+    const auto clipped = [](CwxPainter& p) {
+        p.SetClipRect(30, 40, 60, 45);
+        p.DrawControlElement(cePushButton, -20000, 30, 20000, 50, 0);
     };
-    const auto whole = [](CwxPainter& painter) {
-        painter.DrawControlElement(cePushButton, -1e9, 99, 1e9, 119, 0);
-    };
-    EXPECT_EQ(wxRect(30, 40, 30, 5), BoxOfOthers(Draw(clipped), ground));
-    EXPECT_EQ(400, BoxOfOthers(Draw(whole), ground).width);
+    const auto whole = [](CwxPainter& p) { p.DrawControlElement(cePushButton, -1e9, 99, 1e9, 119, 0); };
+    EXPECT_EQ(wxRect(30, 40, 30, 5), BoxOfDrawn(clipped, true));
+    EXPECT_EQ(400, BoxOfDrawn(whole).width);
 }
 
 // ---- by hand
@@ -340,6 +305,3 @@ TEST_F(ByHand, OthersDrawNothingAndTheFocusInverts)
         EXPECT_EQ(wxRect(), BoxOfOthers(Draw(code, {30, 30}, 0), ground)) << code;
     EXPECT_EQ(wxRect(20, 10, 30, 30), Draw(ceFocusRect, {30, 30}, 1).BoxOf(0xffffff ^ ground));
 }
-
-} // namespace
-} // namespace vela7

@@ -10,10 +10,8 @@
 #include <gtest/gtest.h>
 #include <wx/dcmemory.h>
 
-namespace vela7 {
-namespace {
-
-using namespace test;
+using namespace vela7;
+using namespace vela7::test;
 
 constexpr std::uint32_t red = 0xff0000, magenta = 0xff00ff, ground = 0x0a141e;
 const _color key(255, 0, 255);
@@ -213,6 +211,3 @@ TEST_F(ImageList, DrawsNothingWhereItCannot)
     list.Draw(&canvas.painter, 0, 0, 0, 0, 20); // outside of a paint
     ExpectSamePixels(seen, ReadPixels(canvas.GetBitmap()), "outside");
 }
-
-} // namespace
-} // namespace vela7

@@ -16,10 +16,8 @@
 #include <climits>
 #include <vector>
 
-namespace vela7 {
-namespace {
-
-using namespace test;
+using namespace vela7;
+using namespace vela7::test;
 
 class Painter : public GuiTest
 {
@@ -31,11 +29,6 @@ protected:
         painter->SetBackgroundColor(_color(10, 20, 30));
     }
 
-    void TearDown() override
-    {
-        painter.reset();
-        GuiTest::TearDown();
-    }
     wxDC& Dc() { return *painter->GetDC(); }
 
     std::unique_ptr<CwxWinPainter> painter;
@@ -114,6 +107,7 @@ TEST_F(Painter, TextSettings)
         painter->SetBkMode(static_cast<BkMode>(mode));
         EXPECT_EQ(mode == 0 ? bkTransparent : bkOpaque, painter->GetBkMode()) << mode;
     }
+    EXPECT_EQ(1.0, painter->GetDPIScale());
     for (const unsigned style : {fsBold | fsStrikeOut, fsItalic | fsUnderline}) {
         const font f{"", ffDefault, 12, style, 450};
         painter->SetFont(f);
@@ -310,6 +304,3 @@ TEST_F(Painter, KnowsItsCanvas)
     auto* const window = new CwxSysWindow(frame, false, ISysWindow::wtNormal);
     EXPECT_EQ(window, window->CreatePainter()->GetCanvas());
 }
-
-} // namespace
-} // namespace vela7
