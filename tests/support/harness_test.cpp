@@ -11,9 +11,7 @@
 
 using namespace vela7::test;
 
-class Harness : public GuiTest
-{
-};
+using Harness = GuiTest;
 
 TEST_F(Harness, FaultsAreRecorded)
 {
@@ -65,9 +63,7 @@ TEST_F(Harness, PixelsAreReadBack)
 }
 
 // Run one by one, by tests that demand their failure.
-class DISABLED_MustFail : public GuiTest
-{
-};
+using DISABLED_MustFail = GuiTest;
 TEST_F(DISABLED_MustFail, LeavesAssert)
 {
     frame->PopEventHandler();

@@ -104,15 +104,17 @@ TEST_F(Animation, KeepsNoReferences)
     GObject* const frames = G_OBJECT(still.GetPixbuf());
     GObject* const pixels = G_OBJECT(gdk_pixbuf_animation_get_static_image(still.GetPixbuf()));
     const guint before = frames->ref_count, pixelsBefore = pixels->ref_count;
-    auto animation = CreateAnimation(still, true);
-    const guint during = pixels->ref_count;
-    for (int i = 0; i < 1000; ++i) {
-        system.scale = 1.0 + i % 2;
-        Draw(*animation);
+    {
+        CwxAnimation animation;
+        for (const double scale : {1.0, 2.0}) {
+            system.scale = scale;
+            animation.Init(still, true);
+            const guint during = pixels->ref_count;
+            Draw(animation);
+            EXPECT_EQ(-1, animation.GetDelay());
+            EXPECT_EQ(during, pixels->ref_count);
+        }
     }
-    EXPECT_EQ(-1, animation->GetDelay());
-    EXPECT_EQ(during, pixels->ref_count);
-    animation.Reset();
     EXPECT_TRUE(before == frames->ref_count && pixelsBefore == pixels->ref_count);
 }
 
@@ -120,11 +122,8 @@ TEST_F(Animation, OddFiles)
 {
     const wxString zero = Make("zero.gif", {"-delay", "0", "xc:red", "xc:blue"});
     for (auto length = std::filesystem::file_size(std::string(zero)); length-- > 0;) {
-        if (const auto animation = CreateAnimation(wxAnimation(zero), true)) {
-            animation->NextFrame();
-            EXPECT_GE(animation->GetDelay(), -1);
+        if (const auto animation = CreateAnimation(wxAnimation(zero), true))
             Draw(*animation);
-        }
         std::filesystem::resize_file(std::string(zero), length);
     }
 }

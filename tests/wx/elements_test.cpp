@@ -58,9 +58,7 @@ private:
     std::vector<Call> m_calls;
 };
 
-class Themed : public DrawingTest
-{
-};
+using Themed = DrawingTest;
 
 TEST_F(Themed, TellsTheRendererElementAndState)
 {
@@ -232,20 +230,11 @@ protected:
 
 TEST_F(ByHand, BoxesAndExpanders)
 {
-    const struct
-    {
-        int code;
-        wxSize size;
-        Map map;
-    } rows[] = {
-        {1, {13, 13}, tick},
-        {1, {30, 20}, tick},
-        {2, {4, 4}, Framed(tick)},
-        {4, {9, 9}, plusOdd},
-        {4, {10, 10}, plusEven},
-        {5, {9, 9}, Framed(plusOdd, 4)},
-        {5, {10, 10}, Framed(plusEven, 5)},
-    };
+    // clang-format off
+    const struct { int code; wxSize size; Map map; } rows[] = {
+        {1, {13, 13}, tick},  {1, {30, 20}, tick},      {2, {4, 4}, Framed(tick)},
+        {4, {9, 9}, plusOdd}, {4, {10, 10}, plusEven},  {5, {9, 9}, Framed(plusOdd, 4)}, {5, {10, 10}, Framed(plusEven, 5)}};
+    // clang-format on
     for (const auto& row : rows)
         for (const int state : {0, 0x1, 0xe, 0xf})
             for (const bool white : {true, false}) {

@@ -92,16 +92,16 @@ TEST_F(ImageList, SizesOfWhatIsDrawn)
 {
     // clang-format off
     const struct { unsigned flags; double painter, system; int width, height; wxSize drawn; } rows[] = {
-        {0, 1.0, 1.0,  0,  0, {15, 15}}, {0, 1.5, 1.5,  0,  0, {15, 15}}, {2, 1.5, 1.5,  0,  0, {22, 22}},
-        {2, 2.0, 2.0,  0,  0, {30, 30}}, {2, 2.0, 1.0,  0,  0, {15, 15}}, {2, 1.0, 2.0,  0,  0, {15, 15}},
-        {0, 1.5, 1.5,  0, 20, {15, 15}}, {2, 1.5, 1.5,  0, 20, {22, 20}}, {2, 1.5, 1.5, 20,  0, {20, 22}},
-        {2, 1.0, 1.0, 20,  0, {15, 15}}, {2, 1.5, 1.5, 40,  8, {40,  8}}, {0, 1.0, 1.0,  1,  1, { 1,  1}},
+        {0, 1.0, 1.0,  0,  0, {15,  9}}, {0, 1.5, 1.5,  0,  0, {15,  9}}, {2, 1.5, 1.5,  0,  0, {22, 13}},
+        {2, 2.0, 2.0,  0,  0, {30, 18}}, {2, 2.0, 1.0,  0,  0, {15,  9}}, {2, 1.0, 2.0,  0,  0, {15,  9}},
+        {0, 1.5, 1.5,  0, 20, {15,  9}}, {2, 1.5, 1.5,  0, 20, {22, 20}}, {2, 1.5, 1.5, 20,  0, {20, 13}},
+        {2, 1.0, 1.0, 20,  0, {15,  9}}, {2, 1.5, 1.5, 40,  8, {40,  8}}, {0, 1.0, 1.0,  1,  1, { 1,  1}},
         {0, 1.0, 1.0, -3,  8, { 0,  0}}, {2, 1.5, 1.5,  0, -9, { 0,  0}}, {0, 1.0, 1.0, 1 << 30, 1 << 30, {0, 0}},
     };
     // clang-format on
     ScaledSystem system;
-    Add(Icon(15, 15, 0));
-    *list.GetDisabledImage(0) = Icon(15, 15, 0);
+    Add(Icon(15, 9, 0));
+    *list.GetDisabledImage(0) = Icon(15, 9, 0);
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
         SetDPIAutoScale(row.flags);
@@ -110,8 +110,11 @@ TEST_F(ImageList, SizesOfWhatIsDrawn)
         for (const DrawCall draw : looks)
             EXPECT_EQ(row.drawn.x ? wxRect({10, 20}, row.drawn) : wxRect(),
                       Shown(draw, 0, 10, 20, row.width, row.height).BoxOf(red));
-        const int side = !row.flags || row.system == 1.0 ? 15 : row.system == 1.5 ? 22 : 30;
-        EXPECT_EQ(size<int>(side, side), list.GetSize(0));
+        const double scale = row.flags ? row.system : 1.0;
+        EXPECT_EQ(scale == 1.0   ? size<int>(15, 9)
+                  : scale == 1.5 ? size<int>(22, 13)
+                                 : size<int>(30, 18),
+                  list.GetSize(0));
     }
     SetDPIAutoScale(0);
 }

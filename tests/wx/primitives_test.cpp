@@ -13,17 +13,7 @@ using namespace vela7::test;
 const wxRect nothing;
 constexpr double inf = std::numeric_limits<double>::infinity();
 
-class Drawing : public DrawingTest
-{
-};
-
-struct Row
-{
-    const char* name;
-    std::function<void(CwxPainter&)> draw;
-    wxRect box; // of all that is drawn
-    std::vector<std::tuple<int, int, std::uint32_t>> probes;
-};
+using Drawing = DrawingTest;
 
 const point<double> star[] = {{50, 10}, {74, 84}, {11, 38}, {89, 38}, {26, 84}};
 const point<double> across[] = {{-inf, 50}, {100, 50}, {1e9, 50}, {std::nan(""), 50}, {-1e7, 50}};
@@ -32,7 +22,8 @@ const point<double> band[] = {{-65436, 20}, {65636, 20}, {65636, 30}, {-65436, 3
 const point<double> hook[] = {{0, 0}, {0, 10}, {20, 10}, {40, 10}, {60, 10}};
 
 // clang-format off
-const Row rows[] = {
+struct Probe { int x, y; std::uint32_t colour; };
+const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect box; std::vector<Probe> probes; } rows[] = { // the box holds all that is drawn
     {"Rectangle", [](CwxPainter& p) { p.Rectangle(10, 10, 30, 20); }, {10, 10, 20, 10},
         {{10, 10, red}, {29, 19, red}, {11, 11, blue}, {28, 18, blue}}},
     {"ReversedRectangle", [](CwxPainter& p) { p.internalRectangle(30, 20, 10, 12); }, {10, 12, 20, 8}, {{10, 12, red}, {29, 19, red}}},
@@ -110,7 +101,7 @@ const Row rows[] = {
 
 TEST_F(Drawing, InsideEdgeAndOutside)
 {
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         const Pixels drawn = Draw(row.draw);
         EXPECT_EQ(row.box, BoxOfOthers(drawn, ground));

@@ -1,20 +1,12 @@
 // The window painter: state on the device, draw buffers.
 
-#include "vela7/wxwinpainter.h"
-
-#include "support/fixture.h"
-#include "support/pixels.h"
+#include "drawingtest.h"
 #include "vela7/wxdrawbuffer.h"
-#include "vela7/wxsyswindow.h"
-
-#include <wx/brush.h>
-#include <wx/dcmemory.h>
-#include <wx/dcmirror.h>
-#include <wx/pen.h>
-#include <wx/settings.h>
 
 #include <climits>
-#include <vector>
+#include <wx/dcmemory.h>
+#include <wx/dcmirror.h>
+#include <wx/settings.h>
 
 using namespace vela7;
 using namespace vela7::test;
@@ -26,7 +18,7 @@ protected:
     {
         GuiTest::SetUp();
         painter = std::make_unique<CwxWinPainter>(frame);
-        painter->SetBackgroundColor(_color(10, 20, 30));
+        painter->SetBackgroundColor(Toolkit(ground));
     }
 
     wxDC& Dc() { return *painter->GetDC(); }
@@ -123,10 +115,7 @@ TEST_F(Painter, TextSettings)
     painter->GetFontMetrics(nullptr);
 }
 
-// ---- buffers; colours as 0xRRGGBB
-
-constexpr std::uint32_t red = 0xff0000;
-constexpr std::uint32_t blue = 0x0000ff;
+// ---- buffers
 
 // Whether a buffered paint begins without the last picture.
 bool IsFresh(CwxWinPainter& painter)
@@ -295,7 +284,7 @@ TEST_F(Painter, BufferedPaintReachesTheDeviceOnceAtItsEnd)
     painter->EndPaint();
     EXPECT_EQ(1, dc.Copies());
     EXPECT_EQ(wxRect(0, 0, 50, 50), ReadPixels(target).BoxOf(red));
-    EXPECT_EQ(400 * 300 - 50 * 50, ReadPixels(target).CountColour(wxRect(0, 0, 400, 300), 0x0a141e));
+    EXPECT_EQ(400 * 300 - 50 * 50, ReadPixels(target).CountColour(wxRect(0, 0, 400, 300), ground));
     painter->SetDC(nullptr);
 }
 
