@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 #include <unistd.h>
+#include <wx/dcmemory.h>
 
 using namespace vela7;
 using namespace vela7::test;
@@ -86,8 +87,16 @@ TEST_F(Animation, WithoutFramesOrPaint)
     expectNothing({0, 0});
     animation.Init(moving, false);
     EXPECT_EQ(100, animation.GetDelay());
+    struct Idle : ScaledPainter // has a device outside of a paint, too
+    {
+        using ScaledPainter::ScaledPainter;
+        wxDC* GetDC() override { return &dc; }
+        wxMemoryDC dc;
+    } idle(&canvas);
+    idle.dc.SelectObject(canvas.GetBitmap());
     animation.Draw(nullptr, 0, 0);
-    animation.Draw(&canvas.painter, 0, 0);
+    animation.Draw(&idle, 0, 0);
+    idle.dc.SelectObject(wxNullBitmap);
     ExpectSamePixels(untouched, ReadPixels(canvas.GetBitmap()), "outside of a paint");
     const auto far = [&](IPainter& p) { animation.Draw(&p, 1 << 24, -(1 << 16)); };
     ExpectSamePixels(untouched, canvas.Draw(far), "out of sight");

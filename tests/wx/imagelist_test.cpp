@@ -161,6 +161,7 @@ TEST_F(ImageList, DrawsImagesAsTheyAreNow)
         {[](wxImage&) {}, red},
         {[](wxImage& i) { std::fill_n(i.GetData(), 768, static_cast<unsigned char>(128)); }, 0x808080},
         {[](wxImage& i) { i.SetMaskColour(128, 128, 128); }, ground},
+        {[](wxImage& i) { i.SetMask(false); }, 0x808080},
         {[](wxImage& i) { i = Icon(20, 16, 2); }, red}};
     for (const auto& [change, expected] : steps) {
         change(image);

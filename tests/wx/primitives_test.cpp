@@ -18,7 +18,7 @@ using Drawing = DrawingTest;
 const point<double> star[] = {{50, 10}, {74, 84}, {11, 38}, {89, 38}, {26, 84}};
 const point<double> across[] = {{-inf, 50}, {100, 50}, {1e9, 50}, {std::nan(""), 50}, {-1e7, 50}};
 const point<double> slope[] = {{10, 5}, {65636, 65631}, {65636, 5}};
-const point<double> band[] = {{-65436, 20}, {65636, 20}, {65636, 30}, {-65436, 30}};
+const point<double> band[] = {{65636, 20}, {65636, 30}, {-65436, 30}, {-65436, 20}};
 const point<double> hook[] = {{0, 0}, {0, 10}, {20, 10}, {40, 10}, {60, 10}};
 
 // clang-format off
@@ -91,6 +91,8 @@ const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect b
     {"ClipOutAll", [](CwxPainter& p) { for (const int to : {2000, 70000}) { p.SetClipRect(-to, 0, to, to, true); p.FillRect(0, 0, 100, 100); p.CancelClipping(); } }, nothing, {}},
     {"Pixels",    [](CwxPainter& p) { EXPECT_EQ(point<int>(30, 40), p.internalMoveTo(30, 40)); p.LineTo(50, 40); EXPECT_EQ(clRed, p.GetPixel(49, 40));
         EXPECT_EQ(Toolkit(ground), p.GetPixel(50, 40)); EXPECT_EQ(clBlack, p.GetPixel(-5000, 40)); }, {30, 40, 20, 1}, {}}, // nothing to read
+    {"EndOfALongPicture", [](CwxPainter& p) { const auto picture = SamplePicture(20000, 2); FillPicture(*picture, clYellow, {19990, 0, 20000, 2});
+        p.DrawRasterPicture(picture.Get(), -19990, 20, 10, 22); }, {0, 20, 10, 2}, {{0, 20, yellow}, {9, 21, yellow}}},
     {"NoPictures", [](CwxPainter& p) { unsigned char transparency = 0;
         p.DrawRasterPicture(nullptr, 0, 0, 9, 9); p.DrawRasterPictureEx(nullptr, {0, 0, 5, 5}, {0, 0, 5, 5});
         p.ExtractRasterPicture(nullptr, 0, 0, 9, 9); p.ExtractRasterPictureEx(nullptr, {0, 0, 5, 5}, {0, 0, 5, 5});
@@ -271,6 +273,8 @@ TEST_F(Drawing, XPMIsShortenedNeverShifted)
         EXPECT_EQ(c.box, BoxOfOthers(drawn, ground));
         EXPECT_EQ(c.colour, drawn.At(c.x, 50));
     }
+    const Pixels middle = Draw([&](CwxPainter& p) { p.DrawXPM(xpm, -6900, -6900, 2, 2, -1, -1, 1000); });
+    EXPECT_TRUE(middle.At(99, 0) == yellow && middle.At(100, 0) == blue);
     const Pixels inverted = Draw([&](CwxPainter& p) { p.DrawXPM(xpm, 100, 50, 0, 0, -1, -1, 1.0, roXor); });
     EXPECT_TRUE(inverted.At(100, 50) == (ground ^ red) && inverted.At(115, 50) == ground);
 }
