@@ -126,13 +126,3 @@ TEST_F(Animation, KeepsNoReferences)
     }
     EXPECT_TRUE(before == frames->ref_count && pixelsBefore == pixels->ref_count);
 }
-
-TEST_F(Animation, OddFiles)
-{
-    const wxString zero = Make("zero.gif", {"-delay", "0", "xc:red", "xc:blue"});
-    for (auto length = std::filesystem::file_size(std::string(zero)); length-- > 0;) {
-        if (const auto animation = CreateAnimation(wxAnimation(zero), true))
-            Draw(*animation);
-        std::filesystem::resize_file(std::string(zero), length);
-    }
-}

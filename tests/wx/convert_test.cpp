@@ -3,6 +3,8 @@
 #include "vela7/wxconvert.h"
 
 #include "support/fixture.h"
+#include "vela7/painter.h"
+#include "vela7/wxrasterpicture.h"
 
 #include <gtk/gtk.h>
 #include <wx/event.h>
@@ -163,6 +165,9 @@ TEST(ConvertScale, EstimatesUntilTheDesktopHasAResolutionAndKeepsIt)
     const int pixels = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPixelSize().GetHeight();
     const double estimate = pixels > 16 ? pixels / 16.0 : 1.0;
     EXPECT_DOUBLE_EQ(estimate, correctScaleWithDefaultFontSize(1.0));
+    CwxRasterPicture picture(size<int>(1, 1)); // has 96 pixels an inch
+    const CPaintScope scope(*picture.TakeDefPainter());
+    EXPECT_DOUBLE_EQ(estimate, picture.TakeDefPainter()->GetDPIScale());
     EXPECT_DOUBLE_EQ(estimate, correctScaleWithDefaultFontSize(0.5));
     EXPECT_DOUBLE_EQ(1.5, correctScaleWithDefaultFontSize(1.5));
     gdk_screen_set_resolution(screen, 120);

@@ -67,6 +67,7 @@ const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect b
     {"SemiFillRect", [](CwxPainter& p) { p.SemiFillRect(0, 0, 400, 300, _color(255, 255, 255, 128)); }, nothing, {}},
     // What X cannot hold: 16 bits and more.
     {"FillAll",     [](CwxPainter& p) { p.FillRect(-inf, -inf, inf, inf); }, {0, 0, 400, 300}, {{0, 0, blue}, {399, 299, blue}, {200, 150, blue}}},
+    {"FillAcross",  [](CwxPainter& p) { p.FillRect(-40000, 0, 40000, 30); }, {0, 0, 400, 30}, {{0, 0, blue}}},
     {"FillPastTheEnd", [](CwxPainter& p) { p.FillRect(10, 20, 65546, 30); p.FillRect(30, 65566, 40, 10); }, {10, 10, 390, 290}, {{399, 25, blue}, {30, 299, blue}}},
     {"FarRectangles", [](CwxPainter& p) { p.Rectangle(-65536, 10, 65546, 40); p.FocusRect(65536, 65536, 65566, 65566);
         p.Ellipse(65546, 10, 65566, 30); p.RoundRect(65546, 10, 65566, 30, 3, 3); p.Pie(65546, 10, 65566, 30, 0, 900); }, {0, 10, 400, 30},

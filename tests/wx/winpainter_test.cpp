@@ -99,7 +99,6 @@ TEST_F(Painter, TextSettings)
         painter->SetBkMode(static_cast<BkMode>(mode));
         EXPECT_EQ(mode == 0 ? bkTransparent : bkOpaque, painter->GetBkMode()) << mode;
     }
-    EXPECT_EQ(1.0, painter->GetDPIScale());
     for (const unsigned style : {fsBold | fsStrikeOut, fsItalic | fsUnderline}) {
         const font f{"", ffDefault, 12, style, 450};
         painter->SetFont(f);
