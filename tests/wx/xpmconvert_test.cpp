@@ -63,7 +63,7 @@ TEST(XpmConvert, IsReadBack)
     // clang-format off
     const std::tuple<std::uint32_t, std::uint32_t, const char*> rows[] = {
         {1, 1, "1 1 2 1"},          {91, 91, "91 1 92 1"},      {92, 92, "92 1 93 2"},      {93, 31, "31 3 94 2"},
-        {8463, 93, "93 91 8464 2"}, {8464, 92, "92 92 8465 3"}, {8465, 95, "95 90 8466 3"}, {200000, 400, "400 500 200001 3"}};
+        {8463, 93, "93 91 8464 2"}, {8464, 92, "92 92 8465 3"}, {8465, 95, "95 90 8466 3"}, {40000, 200, "200 200 40001 3"}};
     // clang-format on
     XPMImage xpm;
     wxImage image;
@@ -79,7 +79,7 @@ TEST(XpmConvert, IsReadBack)
     }
     convert::fill_xpm_from_wximage(&xpm, nullptr);
     convert::fill_xpm_from_wximage(nullptr, &image);
-    EXPECT_EQ(400, xpm.width);
+    EXPECT_EQ(200, xpm.width);
 }
 
 TEST(XpmConvert, LargeAndOddInput)
