@@ -349,7 +349,7 @@ TEST_F(RasterPicture, IsSavedForOtherPrograms)
 std::string Quoted(const Strings& lines)
 {
     std::string text =
-        "/* XPM */\nstatic const char *x[] = {\n/* \"columns rows */\n"; // as other programs write it
+        "/* XPM */ /* a \" */\nstatic const char *x[] = {\n/* columns rows */\n"; // as others write it
     for (const std::string& line : lines)
         text += '"' + line + "\",\n";
     return text + "};\n";

@@ -136,6 +136,9 @@ TEST_F(Painter, BufferedPaintKeepsItsPictureWhenNothingIsCleared)
     const Pixels p = ReadPixels(frame);
     EXPECT_EQ(10 * 10, p.CountColour(p.Bounds(), blue));
     EXPECT_EQ(400 * 300 - 10 * 10, p.CountColour(p.Bounds(), red));
+    painter->SetBackgroundColor(Toolkit(ground));
+    EXPECT_FALSE(IsFresh(*painter));
+    EXPECT_EQ(wxRect(), BoxOfOthers(ReadPixels(frame), ground));
 }
 
 TEST_F(Painter, NinthPainterTakesTheBufferOfTheLeastRecent)
