@@ -4,7 +4,8 @@
 
 #include "recordingpainter.h"
 #include "scaledcanvas.h"
-#include "support/faults.h"
+#include "support/fixture.h"
+#include "vela7/wxwinpainter.h"
 #include "vela7/wxxpm.h"
 
 #include <gtest/gtest.h>
@@ -170,13 +171,31 @@ TEST_F(ImageList, DrawsImagesAsTheyAreNow)
     }
 }
 
+using Mirrored = GuiTest;
+
+TEST_F(Mirrored, WindowsKeepTheIconsAsTheyAre)
+{
+    frame->SetLayoutDirection(wxLayout_RightToLeft);
+    Settle(); // it is painted anew
+    CwxImageList list;
+    wxImage image = Icon(16, 16, 2);
+    list.AddOriginalImage(image);
+    CwxWinPainter painter(frame);
+    const CPaintScope scope(painter, ssAsIs);
+    list.Draw(&painter, 0, 10, 10, 0, 0);
+    const Pixels shown = ReadPixels(frame);
+    EXPECT_EQ(shown.BoxOf(red).x - 2, shown.BoxOf(magenta).x);
+}
+
 TEST_F(ImageList, RasterPicturesAndIndexes)
 {
     EXPECT_TRUE(list.AddRasterPicture(&picture, key) == -1 &&
                 list.AddRasterPicture(nullptr, key) == -1); // no pixels
     picture.SetBitmap(wxBitmap(Icon(16, 16, 2)));
     EXPECT_EQ(0, list.AddRasterPicture(&picture, key));
-    EXPECT_EQ(1, list.AddRasterPicture(&picture, _color::none()));
+    _color none = key;
+    none.flag = 1;
+    EXPECT_EQ(1, list.AddRasterPicture(&picture, none));
     EXPECT_TRUE(list.GetImage(0, true)->IsTransparent(0, 0) && !list.GetImage(1, true)->IsTransparent(0, 0));
     const char* const lines[] = {"1 1 1 1", "a c #0000ff", "a"};
     const XPMImage xpm(lines);

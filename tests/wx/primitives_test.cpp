@@ -18,6 +18,7 @@ using Drawing = DrawingTest;
 const point<double> star[] = {{50, 10}, {74, 84}, {11, 38}, {89, 38}, {26, 84}};
 const point<double> across[] = {{-inf, 50}, {100, 50}, {1e9, 50}, {std::nan(""), 50}, {-1e7, 50}};
 const point<double> slope[] = {{10, 5}, {65636, 65631}, {65636, 5}};
+const point<double> around[] = {{200, 10}, {-1e5, 10}, {-1e5, -1e5}, {1e5, -1e5}, {1e5, 50}, {200, 50}};
 const point<double> band[] = {{65636, 20}, {65636, 30}, {-65436, 30}, {-65436, 20}};
 const point<double> hook[] = {{0, 0}, {0, 10}, {20, 10}, {40, 10}, {60, 10}};
 
@@ -38,6 +39,7 @@ const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect b
     {"Arc",       [](CwxPainter& p) { p.Arc(10, 10, 90, 60, 455, 1799); }, {10, 10, 69, 25},
         {{50, 10, red}, {50, 25, ground}, {50, 60, ground}}},
     {"ArcBackwards", [](CwxPainter& p) { p.Arc(10, 10, 90, 60, -455, 459); }, {78, 17, 13, 37}, {{90, 35, red}}},
+    {"ArcReversed", [](CwxPainter& p) { p.Arc(10, 10, 90, 60, 1799, 455); }, {10, 10, 69, 25}, {{50, 10, red}, {50, 60, ground}}},
     {"Pie",       [](CwxPainter& p) { p.Pie(10, 10, 90, 60, 455, 1799); }, {10, 10, 69, 25},
         {{50, 10, red}, {50, 25, blue}, {80, 33, ground}}},
     {"PieTurnsLater", [](CwxPainter& p) { p.Pie(10, 10, 90, 60, 360455, 361799); }, {10, 10, 69, 25}, {{50, 25, blue}}},
@@ -56,8 +58,8 @@ const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect b
         {{50, 20, blue}, {50, 50, ground}, {50, 10, red}}}, // odd-even: the middle stays open
     {"GradientH", [](CwxPainter& p) { p.GradientH(10, 10, 90, 60, clYellow, clBlue, 3); }, {10, 10, 80, 50},
         {{10, 10, 0xfcfc03}, {10, 59, 0xfcfc03}, {89, 30, blue}}},
-    {"GradientV", [](CwxPainter& p) { p.GradientV(10, 10, 90, 60, clYellow, clBlue, 0); }, {10, 10, 80, 50},
-        {{10, 10, 0xfafa05}, {89, 10, 0xfafa05}, {10, 59, blue}}},
+    {"GradientV", [](CwxPainter& p) { p.GradientV(10, 20, 90, 70, clYellow, clBlue, 0); }, {10, 20, 80, 50},
+        {{10, 20, 0xfafa05}, {89, 20, 0xfafa05}, {10, 69, blue}}},
     {"FocusRect", [](CwxPainter& p) { p.FocusRect(10, 10, 90, 60); }, {10, 10, 80, 50},
         {{10, 10, 0xffffff ^ ground}, {11, 10, ground}, {12, 10, ground}, {13, 10, 0xffffff ^ ground}, {50, 30, ground}}},
     {"SetPixel",  [](CwxPainter& p) { EXPECT_EQ(_color(255, 255, 0, 7), p.SetPixel(20, 20, _color(255, 255, 0, 7))); },
@@ -74,6 +76,8 @@ const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect b
         {{0, 10, red}, {10, 39, red}, {0, 11, blue}, {10, 38, blue}}},
     {"LineAcross",  [](CwxPainter& p) { p.MoveTo(10, 5); p.LineTo(65636, 65631); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
     {"LinesAcross", [](CwxPainter& p) { p.PolyLine(slope, 3); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
+    {"LinesAround", [](CwxPainter& p) { p.PolyLine(around, 6); }, {0, 10, 400, 41}, {{0, 10, red}, {399, 50, red}, {200, 30, ground}}},
+    {"SplineFlat",  [](CwxPainter& p) { const point<double> flat[] = {{-30000, 310}, {200, -90}, {30400, 310}}; p.PolyBezier(flat, 3); }, {0, 10, 400, 1}, {}},
     {"SplineAcross", [](CwxPainter& p) { p.PolyBezier(across, 5); }, {0, 50, 400, 1}, {}},
     {"SplineFar",   [](CwxPainter& p) { const point<double> peak[] = {{100, 300400}, {200, -1e5}, {300, 300400}}; p.PolyBezier(peak, 3); },
         {198, 100, 5, 200}, {{200, 100, red}, {200, 150, ground}}}, // a parabola

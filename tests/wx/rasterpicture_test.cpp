@@ -287,6 +287,8 @@ TEST_F(RasterPicture, RecordedSizeNeedNotBeThatOfThePixels)
         EXPECT_EQ(wxSize(20, 10), picture->GetBitmap().GetSize());
         copy->CopyFrom(picture.Get(), Area(0, 0, 90, 80));
         EXPECT_EQ(copied, copy->GetSize());
+        copy->CopyFrom(picture.Get(), all);
+        EXPECT_EQ(odd, copy->GetSize());
         DoEverything(picture);
     }
     const size<int> none[] = {{0, 0},     {0, 7},         {-5, 3},           {32768, 1},

@@ -173,7 +173,8 @@ TEST_F(Painter, GrowthKeepsContentAndNeverShrinks)
     EXPECT_EQ(bitmap, manager.GetBuffer(key, 10, 10, 1.0, &fresh));
     // At scale 2.0 the 150 x 100 pixels count as 75 x 50.
     EXPECT_EQ(bitmap, manager.GetBuffer(key, 75, 50, 2.0, &fresh));
-    EXPECT_NE(wxSize(150, 100), manager.GetBuffer(key, 76, 50, 2.0, &fresh)->GetSize());
+    EXPECT_EQ(wxSize(150, 102), manager.GetBuffer(key, 75, 51, 2.0, &fresh)->GetSize());
+    EXPECT_EQ(wxSize(152, 102), manager.GetBuffer(key, 76, 10, 2.0, &fresh)->GetSize());
     EXPECT_EQ(nullptr, manager.GetExistingBuffer(nullptr, 10, 10, 1.0));
 }
 
@@ -189,6 +190,8 @@ TEST_F(Painter, EndedPainterLeavesNoPictureToItsSuccessor)
         p->~CwxWinPainter();
     }
     EXPECT_TRUE(CPaintScope(*painter, ssBuffered).IsOk());
+    painter.reset();
+    EXPECT_EQ(0u, CDrawBufferManager::Get().GetCount());
 }
 
 TEST_F(Painter, ScrollMovesTheInclusiveRectangleOfTheBuffer)
@@ -209,7 +212,7 @@ TEST_F(Painter, ScrollMovesTheInclusiveRectangleOfTheBuffer)
     const Pixels p = ReadPixels(frame);
     EXPECT_EQ(16, p.CountColour(wxRect(30, 15, 4, 4), blue));
     EXPECT_EQ(33, p.CountColour(p.Bounds(), blue));         // the source stays
-    painter->ScrollContent(-100, -100, 390, 290, 450, 350); // beyond the edge
+    painter->ScrollContent(-100, -100, 399, 299, 450, 350); // beyond the edge
     for (const int far : {INT_MIN, -40000, 40000, INT_MAX})
         painter->ScrollContent(0, far, INT_MIN, 0, 400, 300);
     painter->ScrollContent(-30, -15, INT_MIN, INT_MIN, INT_MAX, INT_MAX);
@@ -228,6 +231,8 @@ TEST_F(Painter, NoBufferIsLargerThanAPixmap)
         EXPECT_EQ(settings == ssAsIs, scope.IsOk());
         wide.FillRect(0, 0, 40000, 10);
     }
+    child->SetSize(0, 0, 100, 10);
+    EXPECT_TRUE(IsFresh(wide));
 }
 
 TEST_F(Painter, OutlivesItsWindow)
