@@ -13,23 +13,6 @@
 namespace vela7::test {
 namespace {
 
-std::string Describe(const Pixels& picture, int x, int y)
-{
-    if (!picture.Bounds().Contains(x, y))
-        return "nothing";
-    return std::string(wxString::Format("#%06X", picture.At(x, y)).utf8_str());
-}
-
-// (-1,-1) when the pictures are the same. A larger one differs where the other has nothing.
-wxPoint FirstDifference(const Pixels& a, const Pixels& b)
-{
-    for (int y = 0; y < std::max(a.Height(), b.Height()); ++y)
-        for (int x = 0; x < std::max(a.Width(), b.Width()); ++x)
-            if (!a.Bounds().Contains(x, y) || !b.Bounds().Contains(x, y) || a.At(x, y) != b.At(x, y))
-                return {x, y};
-    return {-1, -1};
-}
-
 void Save(const Pixels& picture, const std::string& name, const char* role)
 {
     const char* const wish = std::getenv("VELA7_TEST_OUTPUT");
@@ -121,18 +104,23 @@ Pixels ReadPixels(const wxBitmap& bitmap)
 void ExpectSamePixels(const Pixels& expected, const Pixels& actual, const std::string& name, const char* file,
                       int line)
 {
-    const wxPoint where = FirstDifference(expected, actual);
-    if (where.x < 0)
-        return;
     const testing::TestInfo* const test = testing::UnitTest::GetInstance()->current_test_info();
     const std::string prefix = std::string(test->test_suite_name()) + "." + test->name() + "-" + name;
+    wxString difference;
+    if (expected.Bounds() != actual.Bounds())
+        difference.Printf("size %dx%d, expected %dx%d", actual.Width(), actual.Height(), expected.Width(),
+                          expected.Height());
+    for (int i = 0; i < expected.Width() * expected.Height() && difference.empty(); ++i) {
+        const int x = i % expected.Width(), y = i / expected.Width();
+        if (expected.At(x, y) != actual.At(x, y))
+            difference.Printf("first difference at %d,%d: expected #%06X, is #%06X", x, y, expected.At(x, y),
+                              actual.At(x, y));
+    }
+    if (difference.empty())
+        return;
     Save(expected, prefix, "expected");
     Save(actual, prefix, "actual");
-    ADD_FAILURE_AT(file, line) << prefix << ": first difference at " << where.x << ',' << where.y
-                               << ": expected " << Describe(expected, where.x, where.y) << ", is "
-                               << Describe(actual, where.x, where.y) << " (sizes " << expected.Width() << 'x'
-                               << expected.Height() << " and " << actual.Width() << 'x' << actual.Height()
-                               << ')';
+    ADD_FAILURE_AT(file, line) << prefix << ": " << difference;
 }
 
 } // namespace vela7::test

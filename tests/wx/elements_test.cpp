@@ -1,26 +1,16 @@
 // Control elements: what the theme is asked for, what clipping does to it, and the look drawn by hand.
 
-#include "support/fixture.h"
-#include "support/pixels.h"
+#include "drawingtest.h"
 #include "vela7/palette.h"
-#include "vela7/wxconvert.h"
-#include "vela7/wxrasterpicture.h"
-#include "vela7/wxrstpainter.h"
-#include "vela7/wxwinpainter.h"
 
-#include <functional>
 #include <map>
 #include <wx/app.h>
 #include <wx/renderer.h>
 
-namespace vela7 {
-namespace {
+using namespace vela7;
+using namespace vela7::test;
 
-using namespace test;
-
-constexpr std::uint32_t background = 0x0a141e;
 constexpr std::uint32_t ink = 0xff00ff; // of the recording renderer
-constexpr _color backgroundColor{0x0a, 0x14, 0x1e};
 
 constexpr ControlElement Element(int code)
 {
@@ -29,43 +19,27 @@ constexpr ControlElement Element(int code)
 
 // ---- by the theme
 
-struct Call
-{
-    std::string name;
-    wxWindow* window;
-    wxDC* dc;
-    wxRect rect;
-    int flags;
-};
-
 // Stands in for the theme while it lives. Fills the left half of the element and overshoots it: like the
 // theme it does not care for the clipping of the device.
-class Recorder : public wxDelegateRendererNative
+class ThemeRecorder : public wxDelegateRendererNative
 {
 public:
-    Recorder()
+    ThemeRecorder()
     {
         wxRendererNative::Get(); // makes the theme's, which must not end ours when it is made later
         m_before = wxRendererNative::Set(this);
     }
-    ~Recorder() override { wxRendererNative::Set(m_before); }
+    ~ThemeRecorder() override { wxRendererNative::Set(m_before); }
 
-    std::vector<Call> Take() { return std::exchange(m_calls, {}); }
-
-    int DrawHeaderButton(wxWindow* w, wxDC& dc, const wxRect& r, int flags, wxHeaderSortIconType sort,
-                         wxHeaderButtonParams* params) override
-    {
-        EXPECT_TRUE(sort == wxHDR_SORT_ICON_NONE && !params);
-        Add("header", w, dc, r, flags);
-        return 0;
-    }
     // clang-format off
+    struct Call { std::string name; wxWindow* window; wxDC* dc; wxRect rect; int flags; };
+    std::vector<Call> Take() { return std::exchange(m_calls, {}); }
+    int DrawHeaderButton(wxWindow* w, wxDC& d, const wxRect& r, int f, wxHeaderSortIconType sort, wxHeaderButtonParams* params) override
+        { return Add(sort == wxHDR_SORT_ICON_NONE && !params ? "header" : "sorted header", w, d, r, f), 0; }
     void DrawCheckBox(wxWindow* w, wxDC& d, const wxRect& r, int f) override { Add("check", w, d, r, f); }
-    void DrawTreeItemButton(wxWindow* w, wxDC& d, const wxRect& r, int f) override
-    { Add("tree", w, d, r, f); }
+    void DrawTreeItemButton(wxWindow* w, wxDC& d, const wxRect& r, int f) override { Add("tree", w, d, r, f); }
     void DrawPushButton(wxWindow* w, wxDC& d, const wxRect& r, int f) override { Add("push", w, d, r, f); }
-    void DrawComboBoxDropButton(wxWindow* w, wxDC& d, const wxRect& r, int f) override
-    { Add("combo", w, d, r, f); }
+    void DrawComboBoxDropButton(wxWindow* w, wxDC& d, const wxRect& r, int f) override { Add("combo", w, d, r, f); }
     void DrawDropArrow(wxWindow* w, wxDC& d, const wxRect& r, int f) override { Add("arrow", w, d, r, f); }
     void DrawRadioBitmap(wxWindow* w, wxDC& d, const wxRect& r, int f) override { Add("radio", w, d, r, f); }
     void DrawFocusRect(wxWindow* w, wxDC& d, const wxRect& r, int f) override { Add("focus", w, d, r, f); }
@@ -84,182 +58,121 @@ private:
     std::vector<Call> m_calls;
 };
 
-class Themed : public GuiTest
-{
-protected:
-    // On the window and on a picture, which borrows the top window; the pixels are the window's.
-    Pixels Draw(const std::function<void(CwxPainter&)>& draw)
-    {
-        const CHandle<CwxRasterPicture> picture(new CwxRasterPicture(size<int>(400, 300)));
-        CwxWinPainter onWindow(frame);
-        CwxPainter& onPicture = static_cast<CwxPainter&>(*picture->TakeDefPainter());
-        for (CwxPainter* const painter : {static_cast<CwxPainter*>(&onWindow), &onPicture}) {
-            const CPaintScope scope(*painter, ssAsIs);
-            painter->SetBrush(brush{backgroundColor, bsSolid});
-            painter->FillRect(0, 0, 400, 300);
-            painter->SetBrush(brush{});
-            draw(*painter);
-        }
-        const Pixels shown = ReadPixels(frame);
-        ExpectSamePixels(shown, ReadPixels(picture->GetBitmap()), "picture");
-        return shown;
-    }
-};
+using Themed = DrawingTest;
 
 TEST_F(Themed, TellsTheRendererElementAndState)
 {
-    struct Row
-    {
-        int code;
-        const char* name;
-        int flags;
-    };
     // clang-format off
-    const Row rows[] = {
-        {0, "header", 0},
-        {1, "check", wxCONTROL_CHECKED}, {2, "check", 0}, {3, "check", wxCONTROL_UNDETERMINED},
-        {4, "tree", 0}, {5, "tree", wxCONTROL_EXPANDED},
-        {7, "push", 0}, {8, "combo", 0}, {9, "arrow", 0},
-        {10, "radio", wxCONTROL_CHECKED}, {11, "radio", 0},
+    const struct { int code, state; const char* name; int flags; } rows[] = {
+        {0,  0x01, "header", wxCONTROL_DISABLED},
+        {1,  0x03, "check",  wxCONTROL_CHECKED | wxCONTROL_DISABLED | wxCONTROL_FOCUSED | wxCONTROL_SELECTED},
+        {2,  0x10, "check",  0},
+        {3,  0x04, "check",  wxCONTROL_UNDETERMINED | wxCONTROL_CURRENT},
+        {4,  0x08, "tree",   wxCONTROL_PRESSED},
+        {5,  0x02, "tree",   wxCONTROL_EXPANDED | wxCONTROL_FOCUSED | wxCONTROL_SELECTED},
+        {7,  0x00, "push",   0}, {8, 0x00, "combo", 0}, {9, 0x00, "arrow", 0},
+        {10, 0x00, "radio",  wxCONTROL_CHECKED}, {11, 0x00, "radio", 0},
     };
     // clang-format on
-    const int states[][2] = {{0, 0},
-                             {0x1, wxCONTROL_DISABLED},
-                             {0x2, wxCONTROL_FOCUSED | wxCONTROL_SELECTED},
-                             {0x4, wxCONTROL_CURRENT},
-                             {0x8, wxCONTROL_PRESSED},
-                             {0x13, wxCONTROL_DISABLED | wxCONTROL_FOCUSED | wxCONTROL_SELECTED}};
-    Recorder recorder;
+    ThemeRecorder recorder;
     Draw([&](CwxPainter& painter) {
-        painter.SetBrush(brush{clYellow, bsSolid});
-        const wxPen pen = painter.GetDC()->GetPen();
-        const wxBrush before = painter.GetDC()->GetBrush();
-        for (const Row& row : rows)
-            for (const auto& state : states) {
-                painter.DrawControlElement(Element(row.code), 20, 30, 60, 50, state[0]);
-                const std::vector<Call> calls = recorder.Take();
-                ASSERT_EQ(1u, calls.size()) << row.code;
-                EXPECT_EQ(row.name, calls[0].name);
-                EXPECT_EQ(frame, calls[0].window);
-                EXPECT_EQ(painter.GetDC(), calls[0].dc);
-                EXPECT_EQ(wxRect(20, 30, 40, 20), calls[0].rect);
-                EXPECT_EQ(row.flags | state[1], calls[0].flags) << row.code << " in state " << state[0];
-                EXPECT_TRUE(pen == painter.GetDC()->GetPen() && before == painter.GetDC()->GetBrush());
-            }
+        for (const auto& row : rows) {
+            painter.DrawControlElement(Element(row.code), 20, 30, 60, 50, row.state);
+            const auto calls = recorder.Take();
+            ASSERT_EQ(1u, calls.size()) << row.code;
+            EXPECT_EQ(row.name, calls[0].name);
+            EXPECT_EQ(frame, calls[0].window);
+            EXPECT_EQ(wxRect(20, 30, 40, 20), calls[0].rect);
+            EXPECT_EQ(row.flags, calls[0].flags) << row.code;
+        }
     });
-    const Pixels dotted = Draw([](CwxPainter& painter) {
-        for (const int code : {6, 12, 13, 1000, -1}) // the focus, then codes that there are not
-            painter.DrawControlElement(Element(code), 20, 30, 60, 50, 0);
-        painter.SetBrush(brush{clYellow, bsSolid});
-        painter.SetClipRect(30, 40, 300, 200);
-        for (const int code : {12, 13, 99, -1})
-            painter.DrawControlElement(Element(code), 20, 30, 60, 50, 0);
-    });
+    const auto dotted = [&](CwxPainter& p) { p.DrawControlElement(ceFocusRect, 20, 30, 60, 50, 0); };
+    EXPECT_EQ(wxRect(20, 30, 40, 20), Draw(dotted).BoxOf(0xffffff ^ ground));
+    const auto unknown = [&](CwxPainter& p) {
+        p.SetClipRect(30, 40, 300, 200);
+        for (const int code : {12, 13, 1000, -1})
+            p.DrawControlElement(Element(code), 20, 30, 60, 50, 0);
+    };
+    EXPECT_EQ(wxRect(), BoxOfDrawn(unknown, true));
     EXPECT_TRUE(recorder.Take().empty());
-    EXPECT_EQ(wxRect(), dotted.BoxOf(0xffff00));
-    EXPECT_EQ(wxRect(20, 30, 40, 20), dotted.BoxOf(0xffffff ^ background));
 }
 
 TEST_F(Themed, HeedsTheClipRectangle)
 {
-    struct Case
-    {
-        rectangle<double> clip;
-        bool called, direct;
-        wxRect inked; // of the element's left half, which is 20..39 x 30..49
+    // The element stands at 20..59 x 30..49, its ink at 20..39. Off the screen it stands on what the brush
+    // fills.
+    // clang-format off
+    const struct { rectangle<double> clip; wxRect inked, drawn; } cases[] = {
+        {{0, 0, 0, 0},         {20, 30, 20, 20}, {20, 30, 20, 20}}, // all zeros: not clipped
+        {{20, 30, 60, 50},     {20, 30, 20, 20}, {20, 30, 20, 20}}, // just inside
+        {{21, 30, 60, 50},     {21, 30, 19, 20}, {21, 30, 39, 20}},
+        {{30, 40, 300, 200},   {30, 40, 10, 10}, {30, 40, 30, 10}},
+        {{0, 49, 21, 200},     {20, 49, 1, 1},   {20, 49, 1, 1}},   // one pixel
+        {{45, 0, 300, 200},    {},               {45, 30, 15, 20}}, // the half without ink
+        {{60, 30, 300, 200},   {}, {}}, {{0, 50, 300, 200}, {}, {}}, {{100, 100, 100, 100}, {}, {}},
     };
-    const Case cases[] = {
-        {{0, 0, 400, 300}, true, true, wxRect(20, 30, 20, 20)},
-        {{20, 30, 60, 50}, true, true, wxRect(20, 30, 20, 20)}, // just inside
-        {{21, 30, 60, 50}, true, false, wxRect(21, 30, 19, 20)},
-        {{30, 40, 300, 200}, true, false, wxRect(30, 40, 10, 10)},
-        {{0, 0, 30, 40}, true, false, wxRect(20, 30, 10, 10)},
-        {{45, 0, 300, 200}, true, false, wxRect()},   // the half without ink
-        {{60, 30, 300, 200}, false, false, wxRect()}, // wholly outside
-        {{0, 0, 20, 200}, false, false, wxRect()},
-        {{0, 50, 300, 200}, false, false, wxRect()},
-        {{0, 0, 21, 200}, true, false, wxRect(20, 30, 1, 20)}, // one column
-        {{0, 49, 400, 300}, true, false, wxRect(20, 49, 20, 1)},
-        {{100, 100, 100, 100}, false, false, wxRect()},
-        {{0, 0, 0, 0}, true, true, wxRect(20, 30, 20, 20)}, // all zeros: not clipped
-    };
-    Recorder recorder;
-    for (const Case& c : cases)
-        for (const double scale : {1.0, 2.0}) {
-            SCOPED_TRACE(testing::Message() << c.clip.left << ' ' << c.clip.top << ' ' << c.clip.right << ' '
-                                            << c.clip.bottom << " at " << scale);
-            const Pixels drawn = Draw([&](CwxPainter& painter) {
+    // clang-format on
+    ThemeRecorder recorder;
+    for (const auto& c : cases)
+        for (const double scale : {1.0, 1.1}) {
+            SCOPED_TRACE(testing::Message() << &c - cases << " at " << scale);
+            const auto draw = [&](CwxPainter& p) {
                 // The same pixels in other coordinates.
-                painter.Translate(-20, -10);
-                painter.Scale(scale, scale);
-                const auto logical = [&](double v, double shift) { return (v + shift) / scale; };
+                p.Translate(-20, -10);
+                p.Scale(scale, scale);
+                const auto x = [&](double v) { return (v + 20) / scale; };
+                const auto y = [&](double v) { return (v + 10) / scale; };
                 if (!c.clip.IsNull())
-                    painter.SetClipRect(logical(c.clip.left, 20), logical(c.clip.top, 10),
-                                        logical(c.clip.right, 20), logical(c.clip.bottom, 10));
-                painter.DrawControlElement(cePushButton, logical(20, 20), logical(30, 10), logical(60, 20),
-                                           logical(50, 10), 0);
-                const std::vector<Call> calls = recorder.Take();
-                ASSERT_EQ(c.called ? 1u : 0u, calls.size());
-                EXPECT_EQ(c.direct, c.called && calls[0].dc == painter.GetDC());
-            });
+                    p.SetClipRect(x(c.clip.left), y(c.clip.top), x(c.clip.right), y(c.clip.bottom));
+                p.DrawControlElement(cePushButton, x(20), y(30), x(60), y(50), 0);
+                const auto calls = recorder.Take();
+                ASSERT_EQ(c.drawn.IsEmpty() ? 0u : 1u, calls.size());
+                const bool direct = c.inked == c.drawn && c.inked.width > 1;
+                EXPECT_TRUE(calls.empty() || direct == (calls[0].dc == p.GetDC()));
+            };
+            const Pixels drawn = Draw(draw, true);
             EXPECT_EQ(c.inked, drawn.BoxOf(ink));
-            EXPECT_EQ(400 * 300 - c.inked.width * c.inked.height,
-                      drawn.CountColour(drawn.Bounds(), background));
+            EXPECT_EQ(c.drawn, BoxOfOthers(drawn, ground));
         }
-    // Off the screen an element stands on what the brush fills.
-    const Pixels filled = Draw([&](CwxPainter& painter) {
-        painter.SetBrush(brush{clYellow, bsSolid});
-        painter.SetClipRect(30, 40, 300, 200);
-        painter.DrawControlElement(cePushButton, 20, 30, 60, 50, 0);
-    });
-    EXPECT_EQ(wxRect(40, 40, 20, 10), filled.BoxOf(0xffff00));
-    // Where it does not fill, on what is there; and as if beside the element. All of it mirrored.
-    const Pixels hatched = Draw([&](CwxPainter& painter) {
-        painter.SetBrush(brush{clYellow, bsCross});
-        painter.Scale(-1, 1);
-        painter.SetClipRect(-30, 40, -300, 200);
-        painter.DrawControlElement(cePushButton, -20, 30, -60, 50, 0);
-    });
-    EXPECT_EQ(wxRect(30, 40, 10, 10), hatched.BoxOf(ink));
-    const Pixels hatch = Draw([](CwxPainter& painter) {
-        painter.SetBrush(brush{clYellow, bsCross});
-        painter.FillRect(40, 40, 60, 50);
-    });
-    EXPECT_EQ(100 + hatch.CountColour(hatch.Bounds(), 0xffff00),
-              hatched.CountColour(hatched.Bounds(), ink) + hatched.CountColour(hatched.Bounds(), 0xffff00));
-    EXPECT_EQ(hatch.BoxOf(0xffff00), hatched.BoxOf(0xffff00));
-    EXPECT_EQ(0, hatched.CountColour(hatched.Bounds(), 0x000000));
+    // Where the brush does not fill all, the element stands on what is there, as if beside it. All of it
+    // mirrored.
+    const auto expected = [](CwxPainter& p) {
+        p.SetBrush(brush{clYellow, bsCross});
+        p.FillRect(40, 40, 60, 50);
+        p.SetBrush(brush{Toolkit(ink), bsSolid});
+        p.FillRect(30, 40, 40, 50);
+    };
+    const auto hatched = [](CwxPainter& p) {
+        p.SetBrush(brush{clYellow, bsCross});
+        p.Scale(-1, 1);
+        p.SetClipRect(-30, 40, -300, 200);
+        p.DrawControlElement(cePushButton, -20, 30, -60, 50, 0);
+    };
+    ExpectSamePixels(Draw(expected, true), Draw(hatched, true), "hatched");
 }
 
 TEST_F(Themed, DrawsWhatIsLargerThanAnyPicture)
 {
-    const Pixels drawn = Draw([](CwxPainter& painter) {
-        painter.SetClipRect(30, 40, 60, 45);
-        painter.DrawControlElement(cePushButton, -20000, 30, 20000, 50, 0);
-        painter.CancelClipping();
-        painter.DrawControlElement(cePushButton, -1e9, 100, 1e9, 120, 0);
-    });
-    EXPECT_EQ(background, drawn.At(29, 40));
-    EXPECT_NE(background, drawn.At(30, 40));
-    EXPECT_NE(background, drawn.At(59, 44));
-    EXPECT_EQ(background, drawn.At(60, 44));
-    EXPECT_NE(background, drawn.At(399, 110));
+    const auto clipped = [](CwxPainter& p) {
+        p.SetClipRect(30, 40, 60, 45);
+        p.DrawControlElement(cePushButton, -20000, 30, 20000, 50, 0);
+    };
+    const auto whole = [](CwxPainter& p) { p.DrawControlElement(cePushButton, -1e9, 99, 1e9, 119, 0); };
+    EXPECT_EQ(wxRect(30, 40, 30, 5), BoxOfDrawn(clipped, true));
+    EXPECT_EQ(400, BoxOfDrawn(whole).width);
 }
 
 // ---- by hand
 
 // Every code another colour.
-class Palette : public ISysPalette
+struct Palette : ISysPalette
 {
-public:
-    explicit Palette(_color window) : m_window(window) {}
+    explicit Palette(_color color) : window(color) {}
     _color GetSystemColor(SysColor code) const override
     {
-        return code == scWindow ? m_window : _color(0, static_cast<unsigned char>(code * 10), 0);
+        return code == scWindow ? window : _color(0, static_cast<unsigned char>(code * 10), 0);
     }
-
-private:
-    _color m_window;
+    const _color window;
 };
 
 using Map = std::vector<std::string>;
@@ -276,20 +189,12 @@ Map Framed(Map map, std::size_t line = 0)
 // clang-format off
 // '#' frame, '.' face, 'x' foreground
 const Map tick = {
-    "#############", "#...........#", "#...........#", "#........x..#", "#.......xx..#",
-    "#..x...xxx..#", "#..xx.xxx...#", "#..xxxxx....#", "#...xxx.....#", "#....x......#",
-    "#...........#", "#...........#", "#############"};
+    "#############", "#...........#", "#...........#", "#........x..#", "#.......xx..#", "#..x...xxx..#", "#..xx.xxx...#",
+    "#..xxxxx....#", "#...xxx.....#", "#....x......#", "#...........#", "#...........#", "#############"};
 const Map plusOdd = {
-    "#########", "#.......#", "#...x...#", "#...x...#", "#.xxxxx.#",
-    "#...x...#", "#...x...#", "#.......#", "#########"};
+    "#########", "#.......#", "#...x...#", "#...x...#", "#.xxxxx.#", "#...x...#", "#...x...#", "#.......#", "#########"};
 const Map plusEven = {
-    "##########", "#........#", "#....x...#", "#....x...#", "#....x...#",
-    "#.xxxxxxx#", "#....x...#", "#....x...#", "#....x...#", "##########"};
-// 'H' highlight, 'l' 3D light, 's' shadow, 'D' dark shadow, 'f' button face
-const Map thinRaised  = {"HHHHHs", "Hffffs", "Hffffs", "ssssss"};
-const Map thinSunken  = {"sssssH", "sffffH", "sffffH", "HHHHHH"};
-const Map thickRaised = {"HHHHHHD", "HllllsD", "HlfffsD", "HsssssD", "DDDDDDD"};
-const Map thickSunken = {"DDDDDDH", "DsssslH", "DsffflH", "DlllllH", "HHHHHHH"};
+    "##########", "#........#", "#....x...#", "#....x...#", "#....x...#", "#.xxxxxxx#", "#....x...#", "#....x...#", "#....x...#", "##########"};
 // clang-format on
 
 // No window anywhere: pictures have no theme to ask.
@@ -298,121 +203,94 @@ class ByHand : public testing::Test
 protected:
     void SetUp() override { ASSERT_EQ(nullptr, wxTheApp->GetTopWindow()); }
 
-    static Pixels Draw(ISysPalette& palette, const std::function<void(IPainter&)>& draw)
+    // At (20, 10); with the scale, the same pixels in other coordinates.
+    static Pixels Draw(int code, const wxSize& extent, int state, const _color& window = clWhite,
+                       double scale = 1.0)
     {
+        Palette palette(window);
         const CHandle<CwxRasterPicture> picture(new CwxRasterPicture(size<int>(60, 50)));
         IPainter& painter = *picture->TakeDefPainter();
         painter.SetPalette(&palette);
-        {
-            const CPaintScope scope(painter);
-            painter.SetBrush(brush{backgroundColor, bsSolid});
-            painter.FillRect(0, 0, 60, 50);
-            const pen before{clCyan, 2, psDot};
-            painter.SetPen(before);
-            draw(painter);
-            EXPECT_EQ(before, painter.GetPen());
-            EXPECT_EQ(wxPENSTYLE_DOT, painter.GetDC()->GetPen().GetStyle());
-            EXPECT_EQ((brush{backgroundColor, bsSolid}), painter.GetBrush());
-            EXPECT_EQ(vela2wx(backgroundColor), painter.GetDC()->GetBrush().GetColour());
-            EXPECT_TRUE(painter.GetCoordConversion());
-        }
-        painter.SetPalette(nullptr);
+        const CPaintScope scope(painter);
+        painter.SetBrush(brush{Toolkit(ground), bsSolid});
+        painter.FillRect(0, 0, 60, 50);
+        painter.Scale(scale, scale);
+        painter.SetPen(pen{clCyan, 2, psDot});
+        const wxPen pen = painter.GetDC()->GetPen();
+        const wxBrush brush = painter.GetDC()->GetBrush();
+        painter.DrawControlElement(Element(code), 20 / scale, 10 / scale, (20 + extent.x) / scale,
+                                   (10 + extent.y) / scale, state);
+        EXPECT_TRUE(pen == painter.GetDC()->GetPen() && brush == painter.GetDC()->GetBrush());
+        EXPECT_TRUE(painter.GetPen().color == clCyan && painter.GetBrush().color == Toolkit(ground));
+        EXPECT_TRUE(painter.GetCoordConversion());
+        painter.EndPaint();
         return ReadPixels(picture->GetBitmap());
-    }
-
-    static std::uint32_t Rgb(const _color& c)
-    {
-        return static_cast<std::uint32_t>(c.red << 16 | c.green << 8 | c.blue);
-    }
-
-    // The map stands at (20, 10) and nothing is drawn outside.
-    static void ExpectMap(const Map& map, const std::map<char, _color>& legend, const Pixels& drawn)
-    {
-        const int height = static_cast<int>(map.size()),
-                  width = map.empty() ? 0 : static_cast<int>(map[0].size());
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) {
-                const char c = map[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)];
-                EXPECT_EQ(Rgb(legend.at(c)), drawn.At(20 + x, 10 + y)) << c << " at " << x << ',' << y;
-            }
-        EXPECT_EQ(60 * 50 - width * height, drawn.CountColour(drawn.Bounds(), background));
     }
 };
 
-TEST_F(ByHand, PixelByPixel)
+TEST_F(ByHand, BoxesAndExpanders)
 {
-    struct Row
-    {
-        int code;
-        std::vector<int> states;
-        wxSize size;
-        Map map;
-    };
-    const std::vector<int> all{0, 0x1, 0xe, 0xf};
     // clang-format off
-    const Row rows[] = {
-        {0, {0, 1}, {6, 4}, thinRaised},  {0, {8}, {6, 4}, thinSunken},
-        {7, {0, 6}, {7, 5}, thickRaised}, {7, {9}, {7, 5}, thickSunken},
-        {1, all, {13, 13}, tick},         {1, all, {30, 20}, tick},
-        {2, all, {13, 13}, Framed(tick)},          {2, all, {4, 4}, Framed(tick)},
-        {4, all, {9, 9}, plusOdd},        {4, all, {10, 10}, plusEven},
-        {5, all, {9, 9}, Framed(plusOdd, 4)},       {5, all, {10, 10}, Framed(plusEven, 5)},
-    };
+    const struct { int code; wxSize size; Map map; } rows[] = {
+        {1, {13, 13}, tick},  {1, {30, 20}, tick},      {2, {4, 4}, Framed(tick)},
+        {4, {9, 9}, plusOdd}, {4, {10, 10}, plusEven},  {5, {9, 9}, Framed(plusOdd, 4)}, {5, {10, 10}, Framed(plusEven, 5)}};
     // clang-format on
-    for (const _color& window : {clWhite, _color(212, 208, 200)}) {
-        Palette palette(window);
-        std::map<char, _color> legend{
-            {'f', {0, 30, 0}}, {'H', {0, 40, 0}}, {'l', {0, 50, 0}}, {'s', {0, 60, 0}}, {'D', {0, 70, 0}}};
-        legend['#'] = legend[window == clWhite ? 's' : 'D'];
-        for (const Row& row : rows)
-            for (const int state : row.states) {
-                SCOPED_TRACE(testing::Message() << row.code << ' ' << row.size.x << " state " << state);
-                legend['.'] = state & 1 ? _color(204, 204, 204) : window;
-                legend['x'] = state & 1 ? _color(127, 127, 127) : _color(0, 20, 0);
-                const bool isButton = row.code == 0 || row.code == 7;
-                for (const double scale : {1.0, isButton ? 2.0 : 1.0}) // buttons: device pixels at any scale
-                    ExpectMap(row.map, legend, Draw(palette, [&](IPainter& painter) {
-                                  painter.Scale(scale, scale);
-                                  painter.DrawControlElement(Element(row.code), 20 / scale, 10 / scale,
-                                                             (20 + row.size.x) / scale,
-                                                             (10 + row.size.y) / scale, state);
-                                  painter.ResetTransform();
-                              }));
+    for (const auto& row : rows)
+        for (const int state : {0, 0x1, 0xe, 0xf})
+            for (const bool white : {true, false}) {
+                SCOPED_TRACE(testing::Message()
+                             << &row - rows << " state " << state << " on white " << white);
+                const Pixels drawn = Draw(row.code, row.size, state, white ? clWhite : _color(212, 208, 200));
+                std::map<std::uint32_t, char> letters{{state & 1 ? 0x7f7f7f : 0x001400, 'x'},
+                                                      {state & 1 ? 0xcccccc
+                                                       : white   ? 0xffffff
+                                                                 : 0xd4d0c8,
+                                                       '.'},
+                                                      {white ? 0x003c00 : 0x004600, '#'}};
+                const wxRect box = BoxOfOthers(drawn, ground);
+                Map shown(static_cast<std::size_t>(box.height));
+                for (int i = 0; i < box.width * box.height; ++i)
+                    shown[static_cast<std::size_t>(i / box.width)] +=
+                        letters[drawn.At(box.x + i % box.width, box.y + i / box.width)];
+                EXPECT_EQ(row.map, shown);
+                EXPECT_EQ(wxPoint(20, 10), box.GetTopLeft());
             }
-    }
+}
+
+TEST_F(ByHand, ButtonsAreBorders)
+{
+    constexpr std::uint32_t face = 0x001e00, light = 0x003200, highlight = 0x002800, shadow = 0x003c00,
+                            dark = 0x004600;
+    // clang-format off
+    const struct { int code, state; std::uint32_t first, second, last; } rows[] = {
+        {0, 1, highlight, face, shadow}, {0, 8, shadow, face, highlight}, {7, 6, highlight, light, dark}, {7, 9, dark, shadow, highlight}};
+    // clang-format on
+    for (const auto& row : rows)
+        for (const double scale : {1.0, 2.0}) {
+            const Pixels drawn = Draw(row.code, {7, 5}, row.state, clWhite, scale);
+            EXPECT_EQ(wxRect(20, 10, 7, 5), BoxOfOthers(drawn, ground)) << row.code << ' ' << scale;
+            EXPECT_TRUE(row.first == drawn.At(20, 10) && row.second == drawn.At(21, 11) &&
+                        row.last == drawn.At(26, 14));
+            EXPECT_EQ(face, drawn.At(23, 12));
+        }
 }
 
 TEST_F(ByHand, RadioButtonsAreRound)
 {
-    Palette palette(clWhite);
     for (const int code : {10, 11})
         for (const int state : {0, 1}) {
-            const Pixels drawn = Draw(palette, [&](IPainter& painter) {
-                painter.DrawControlElement(Element(code), 20, 10, 50, 40, state);
-            });
+            const Pixels drawn = Draw(code, {30, 30}, state);
             EXPECT_EQ(wxRect(20, 10, 14, 14), drawn.BoxOf(0x003c00));
-            EXPECT_EQ(background, drawn.At(20, 10));
-            const std::uint32_t face = state ? 0xcccccc : 0xffffff, text = state ? 0x7f7f7f : 0x001400;
-            EXPECT_EQ(face, drawn.At(26, 12));
-            EXPECT_EQ(code == 10 ? wxRect(24, 14, 6, 6) : wxRect(), drawn.BoxOf(text));
-            EXPECT_EQ(face, drawn.At(26, 16));
+            EXPECT_EQ(ground, drawn.At(20, 10));
+            EXPECT_EQ(code == 10 ? wxRect(24, 14, 6, 6) : wxRect(), drawn.BoxOf(state ? 0x7f7f7f : 0x001400));
+            EXPECT_TRUE(drawn.At(26, 12) == (state ? 0xcccccc : 0xffffff) &&
+                        drawn.At(26, 16) == drawn.At(26, 12));
         }
 }
 
 TEST_F(ByHand, OthersDrawNothingAndTheFocusInverts)
 {
-    Palette palette(clWhite);
     for (const int code : {3, 8, 9, 12, 1000, -1})
-        ExpectMap({}, {}, Draw(palette, [&](IPainter& painter) {
-                      painter.DrawControlElement(Element(code), 20, 10, 50, 40, 0);
-                  }));
-    const Pixels drawn = Draw(palette, [](IPainter& painter) {
-        painter.DrawControlElement(ceFocusRect, 20, 10, 50, 40, 0x1);
-        painter.DrawControlElement(ceFocusRect, 0, 0, 10, 10, 0);
-        painter.FocusRect(0, 0, 10, 10);
-    });
-    EXPECT_EQ(wxRect(20, 10, 30, 30), drawn.BoxOf(0xffffff ^ background));
+        EXPECT_EQ(wxRect(), BoxOfOthers(Draw(code, {30, 30}, 0), ground)) << code;
+    EXPECT_EQ(wxRect(20, 10, 30, 30), Draw(ceFocusRect, {30, 30}, 1).BoxOf(0xffffff ^ ground));
 }
-
-} // namespace
-} // namespace vela7

@@ -4,16 +4,15 @@
 
 #include "vela7/testing/recordingpainter.h"
 #include "scaledcanvas.h"
-#include "support/faults.h"
+#include "support/fixture.h"
+#include "vela7/wxwinpainter.h"
 #include "vela7/wxxpm.h"
 
 #include <gtest/gtest.h>
 #include <wx/dcmemory.h>
 
-namespace vela7 {
-namespace {
-
-using namespace test;
+using namespace vela7;
+using namespace vela7::test;
 
 constexpr std::uint32_t red = 0xff0000, magenta = 0xff00ff, ground = 0x0a141e;
 const _color key(255, 0, 255);
@@ -32,11 +31,14 @@ wxImage Icon(int width, int height, int left, bool mask = false)
 class ImageList : public testing::Test
 {
 protected:
+    using DrawCall = void (IImageList::*)(IPainter*, int, int, int, int, int);
+    static constexpr DrawCall looks[] = {&IImageList::Draw, &IImageList::DrawTransparent,
+                                         &IImageList::DrawDisabled};
+
     int Add(wxImage image) { return list.AddOriginalImage(image), list.GetImageCount() - 1; }
-    void Each(IPainter* painter, int index, int side)
+    Pixels Shown(DrawCall draw, int index, int x, int y, int width, int height)
     {
-        for (auto draw : {&IImageList::Draw, &IImageList::DrawTransparent, &IImageList::DrawDisabled})
-            (list.*draw)(painter, index, 0, 0, side, side);
+        return canvas.Draw([&](IPainter& p) { (list.*draw)(&p, index, x, y, width, height); });
     }
 
     CwxImageList list;
@@ -91,27 +93,29 @@ TEST_F(ImageList, SizesOfWhatIsDrawn)
 {
     // clang-format off
     const struct { unsigned flags; double painter, system; int width, height; wxSize drawn; } rows[] = {
-        {0, 1.0, 1.0,  0,  0, {15, 15}}, {0, 1.5, 1.5,  0,  0, {15, 15}}, {2, 1.5, 1.5,  0,  0, {22, 22}},
-        {2, 2.0, 2.0,  0,  0, {30, 30}}, {2, 2.0, 1.0,  0,  0, {15, 15}}, {2, 1.0, 2.0,  0,  0, {15, 15}},
-        {0, 1.5, 1.5,  0, 20, {15, 15}}, {2, 1.5, 1.5,  0, 20, {22, 20}}, {2, 1.5, 1.5, 20,  0, {20, 22}},
-        {2, 1.0, 1.0, 20,  0, {15, 15}}, {2, 1.5, 1.5, 40,  8, {40,  8}}, {0, 1.0, 1.0,  1,  1, { 1,  1}},
+        {0, 1.0, 1.0,  0,  0, {15,  9}}, {0, 1.5, 1.5,  0,  0, {15,  9}}, {2, 1.5, 1.5,  0,  0, {22, 13}},
+        {2, 2.0, 2.0,  0,  0, {30, 18}}, {2, 2.0, 1.0,  0,  0, {15,  9}}, {2, 1.0, 2.0,  0,  0, {15,  9}},
+        {0, 1.5, 1.5,  0, 20, {15,  9}}, {2, 1.5, 1.5,  0, 20, {22, 20}}, {2, 1.5, 1.5, 20,  0, {20, 13}},
+        {2, 1.0, 1.0, 20,  0, {15,  9}}, {2, 1.5, 1.5, 40,  8, {40,  8}}, {0, 1.0, 1.0,  1,  1, { 1,  1}},
         {0, 1.0, 1.0, -3,  8, { 0,  0}}, {2, 1.5, 1.5,  0, -9, { 0,  0}}, {0, 1.0, 1.0, 1 << 30, 1 << 30, {0, 0}},
     };
     // clang-format on
     ScaledSystem system;
-    Add(Icon(15, 15, 0));
-    *list.GetDisabledImage(0) = Icon(15, 15, 0);
+    Add(Icon(15, 9, 0));
+    *list.GetDisabledImage(0) = Icon(15, 9, 0);
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
         SetDPIAutoScale(row.flags);
         canvas.painter.scale = row.painter;
         system.scale = row.system;
-        for (auto draw : {&IImageList::Draw, &IImageList::DrawTransparent, &IImageList::DrawDisabled}) {
-            const auto call = [&](IPainter& p) { (list.*draw)(&p, 0, 10, 20, row.width, row.height); };
-            EXPECT_EQ(row.drawn.x ? wxRect({10, 20}, row.drawn) : wxRect(), canvas.Draw(call).BoxOf(red));
-        }
-        const int side = !row.flags || row.system == 1.0 ? 15 : row.system == 1.5 ? 22 : 30;
-        EXPECT_EQ(size<int>(side, side), list.GetSize(0));
+        for (const DrawCall draw : looks)
+            EXPECT_EQ(row.drawn.x ? wxRect({10, 20}, row.drawn) : wxRect(),
+                      Shown(draw, 0, 10, 20, row.width, row.height).BoxOf(red));
+        const double scale = row.flags ? row.system : 1.0;
+        EXPECT_EQ(scale == 1.0   ? size<int>(15, 9)
+                  : scale == 1.5 ? size<int>(22, 13)
+                                 : size<int>(30, 18),
+                  list.GetSize(0));
     }
     SetDPIAutoScale(0);
 }
@@ -126,23 +130,23 @@ TEST_F(ImageList, PixelsOfTheLooks)
     for (const int side : {0, 32, 0})
         for (const int icon : {masked, alpha}) {
             SCOPED_TRACE(testing::Message() << side << ' ' << icon);
-            Pixels seen = canvas.Draw([&](IPainter& p) {
+            const Pixels whole = canvas.Draw([&](IPainter& p) {
                 p.SetRasterOperation(roXor); // no matter
                 list.Draw(&p, icon, 10, 10, side, side);
                 EXPECT_EQ(roXor, p.GetRasterOperation());
             });
-            EXPECT_EQ(red, seen.At(18, 18));
+            EXPECT_EQ(red, whole.At(18, 18));
             EXPECT_EQ(icon == masked && side ? 0x010203 : magenta,
-                      seen.At(11, 18)); // scaled: wx's mask colour
-            seen = canvas.Draw([&](IPainter& p) {
+                      whole.At(11, 18)); // scaled: wx's mask colour
+            const Pixels cut = canvas.Draw([&](IPainter& p) {
                 p.SetClipRect(0, 0, 100, 19);
                 list.DrawTransparent(&p, icon, 10, 10, side, side);
             });
-            EXPECT_TRUE(seen.At(18, 18) == red && seen.At(18, 19) == ground && seen.At(11, 18) == ground);
-            seen = canvas.Draw([&](IPainter& p) { list.DrawDisabled(&p, icon, 10, 10, side, side); });
-            const int blue = seen.At(18, 18) & 0xff; // 127 of 255 of red's grey on 30; it may be rounded
-            EXPECT_TRUE(blue >= 51 && blue <= 55) << blue;
-            EXPECT_EQ(ground, seen.At(11, 18));
+            EXPECT_TRUE(cut.At(18, 18) == red && cut.At(18, 19) == ground && cut.At(11, 18) == ground);
+            const Pixels disabled = Shown(&IImageList::DrawDisabled, icon, 10, 10, side, side);
+            EXPECT_NEAR(53, disabled.At(18, 18) & 0xff,
+                        2); // 127 of 255 of red's grey on 30; it may be rounded
+            EXPECT_EQ(ground, disabled.At(11, 18));
         }
     const Pixels moved = canvas.Draw([&](IPainter& p) {
         p.Scale(1.5, 1.5);
@@ -154,27 +158,44 @@ TEST_F(ImageList, PixelsOfTheLooks)
 TEST_F(ImageList, DrawsImagesAsTheyAreNow)
 {
     wxImage& image = *list.GetImage(Add(Icon(16, 16, 0)), true);
-    for (const int step : {0, 1, 2, 3}) {
-        if (step == 1)
-            std::fill_n(image.GetData(), 768, static_cast<unsigned char>(128));
-        if (step == 2)
-            image.SetMaskColour(128, 128, 128);
-        if (step == 3)
-            image = Icon(20, 16, 2);
-        for (const int side : {0, 32}) {
-            const auto draw = [&](IPainter& p) { list.DrawTransparent(&p, 0, 0, 0, side, side); };
-            EXPECT_EQ(step == 1 ? 0x808080 : step == 2 ? ground : red, canvas.Draw(draw).At(8, 8)) << step;
-        }
+    const std::pair<void (*)(wxImage&), std::uint32_t> steps[] = {
+        {[](wxImage&) {}, red},
+        {[](wxImage& i) { std::fill_n(i.GetData(), 768, static_cast<unsigned char>(128)); }, 0x808080},
+        {[](wxImage& i) { i.SetMaskColour(128, 128, 128); }, ground},
+        {[](wxImage& i) { i.SetMask(false); }, 0x808080},
+        {[](wxImage& i) { i = Icon(20, 16, 2); }, red}};
+    for (const auto& [change, expected] : steps) {
+        change(image);
+        for (const int side : {0, 32})
+            EXPECT_EQ(expected, Shown(&IImageList::DrawTransparent, 0, 0, 0, side, side).At(8, 8));
     }
+}
+
+using Mirrored = GuiTest;
+
+TEST_F(Mirrored, WindowsKeepTheIconsAsTheyAre)
+{
+    frame->SetLayoutDirection(wxLayout_RightToLeft);
+    Settle(); // it is painted anew
+    CwxImageList list;
+    wxImage image = Icon(16, 16, 2);
+    list.AddOriginalImage(image);
+    CwxWinPainter painter(frame);
+    const CPaintScope scope(painter, ssAsIs);
+    list.Draw(&painter, 0, 10, 10, 0, 0);
+    const Pixels shown = ReadPixels(frame);
+    EXPECT_EQ(shown.BoxOf(red).x - 2, shown.BoxOf(magenta).x);
 }
 
 TEST_F(ImageList, RasterPicturesAndIndexes)
 {
-    EXPECT_EQ(-1, list.AddRasterPicture(&picture, key)); // empty
-    EXPECT_EQ(-1, list.AddRasterPicture(nullptr, key));
+    EXPECT_TRUE(list.AddRasterPicture(&picture, key) == -1 &&
+                list.AddRasterPicture(nullptr, key) == -1); // no pixels
     picture.SetBitmap(wxBitmap(Icon(16, 16, 2)));
     EXPECT_EQ(0, list.AddRasterPicture(&picture, key));
-    EXPECT_EQ(1, list.AddRasterPicture(&picture, _color::none()));
+    _color none = key;
+    none.flag = 1;
+    EXPECT_EQ(1, list.AddRasterPicture(&picture, none));
     EXPECT_TRUE(list.GetImage(0, true)->IsTransparent(0, 0) && !list.GetImage(1, true)->IsTransparent(0, 0));
     const char* const lines[] = {"1 1 1 1", "a c #0000ff", "a"};
     const XPMImage xpm(lines);
@@ -190,30 +211,26 @@ TEST_F(ImageList, RasterPicturesAndIndexes)
 TEST_F(ImageList, DrawsNothingWhereItCannot)
 {
     Add(Icon(16, 16, 0));
-    const Pixels untouched = canvas.Draw([](IPainter&) {});
+    EXPECT_EQ(1, list.AddXPM(XPMImage())); // added all the same
+    ExpectAsserts(1, "src/wximagelist:31 create_paletteless_image: image.IsOk() / ");
     struct Foreign : testkit::RecordingPainter
     {
         wxDC* GetDC() override { return &dc; }
         wxMemoryDC dc;
     } foreign;
-    foreign.dc.SelectObject(canvas.GetBitmap());
-    const CPaintScope scope(foreign);
-    Each(&foreign, 0, 0);
-    Each(&canvas.painter, 0, 20); // outside of a paint
-    Each(nullptr, 0, 0);
-    foreign.dc.SelectObject(wxNullBitmap);
-    ExpectSamePixels(untouched, ReadPixels(canvas.GetBitmap()), "foreign");
-    EXPECT_EQ(1, list.AddXPM(XPMImage())); // added all the same
-    ExpectAsserts(1, "src/wximagelist:31 create_paletteless_image: image.IsOk() / ");
     const Pixels seen = canvas.Draw([&](IPainter& p) {
-        for (const int index : {-1, 1, 2, 1 << 30})
-            Each(&p, index, 20);
-        for (const bool normal : {false, true}) // out of sight
-            list.DrawImp(&p, 0, 1 << 24, -(1 << 16), 0, 0, true, normal);
+        foreign.dc.SelectObjectAsSource(canvas.GetBitmap());
+        const CPaintScope scope(foreign);
+        for (const DrawCall draw : looks) {
+            (list.*draw)(&foreign, 0, 0, 0, 0, 0);
+            (list.*draw)(nullptr, 0, 0, 0, 0, 0);
+            for (const int index : {-1, 1, 2, 1 << 30})
+                (list.*draw)(&p, index, 0, 0, 20, 20);
+            (list.*draw)(&p, 0, 1 << 24, -(1 << 16), 0, 0); // out of sight
+        }
     });
     ExpectAsserts(1, "src/wximagelist:314 GetDisabledImage: m_Elements[index].first.IsOk() / ");
-    ExpectSamePixels(untouched, seen, "indexes");
+    EXPECT_EQ(100 * 100, seen.CountColour(seen.Bounds(), ground));
+    list.Draw(&canvas.painter, 0, 0, 0, 0, 20); // outside of a paint
+    ExpectSamePixels(seen, ReadPixels(canvas.GetBitmap()), "outside");
 }
-
-} // namespace
-} // namespace vela7

