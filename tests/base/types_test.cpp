@@ -22,6 +22,8 @@ TEST(Rectangle, SortsCornersAndKnowsItsInside)
     EXPECT_EQ(Rect(10, 20, 3, 4), sorted);
     EXPECT_EQ(Rect(screen_rectangle<int>(10, 20, 3, 4)), sorted);
     EXPECT_EQ(Rect(screen_rectangle<int>(Fields(5, 5, 4, 4))).right, 4); // nothing sorts a conversion
+    EXPECT_EQ(Rect(0, 0, 2, 2).Intersect({5, 6, 9, 9}),
+              Fields(5, 6, 5, 6)); // nothing in common, but not reversed
     // clang-format off
     const struct { Rect r; bool null, empty, holds; point<int> p; } table[] = {
         {Rect(),             true,  true,  false, {0, 0}},   {{3, 3, 3, 9},   false, true,  false, {3, 4}},

@@ -174,6 +174,9 @@ TEST_F(Tooltip, WaitsForItsDelay)
 
     window.TrackTooltip(30, 8, "other"); // shown, it follows at once
     EXPECT_EQ(window.tooltip.text, "other");
+    window.tooltip.SetWidth(9);
+    window.tooltip.Show(); // as it is already
+    EXPECT_EQ(window.tooltip.fixedSize.width, 9);
     EXPECT_FALSE(system.Timers().front()->GetEnabled());
     window.SetEnableTooltip(false);
     EXPECT_FALSE(window.IsTooltipVisible());
