@@ -40,21 +40,9 @@ protected:
         Settle();
     }
 
-    // Counts the events that reach the native window's own handlers, which come after the toolkit's.
-    template <class... Types>
-    void CountBelow(const Types&... types)
-    {
-        const auto count = [this](wxEvent& event) {
-            ++below;
-            event.Skip();
-        };
-        (native->Bind(types, count), ...);
-    }
-
     wxPanel* panel = nullptr;
     CwxSysWindow* window = nullptr;
     wxWindow* native = nullptr;
-    int below = 0;
 };
 
 // ---- pictures; colours as 0xRRGGBB
@@ -87,12 +75,17 @@ inline CHandle<CwxRasterPicture> SamplePicture(int width, int height)
     return result;
 }
 
-inline void FillPicture(CwxRasterPicture& picture, const _color& color, const rectangle<int>& area)
+inline void Fill(IPainter& painter, const _color& color, const rectangle<int>& area,
+                 StdSettings settings = ssClear)
 {
-    IPainter& painter = *picture.TakeDefPainter();
-    const CPaintScope scope(painter);
+    const CPaintScope scope(painter, settings);
     painter.SetBrush(brush{color, bsSolid});
     painter.FillRect(area.left, area.top, area.right, area.bottom);
+}
+
+inline void FillPicture(CwxRasterPicture& picture, const _color& color, const rectangle<int>& area)
+{
+    Fill(*picture.TakeDefPainter(), color, area);
 }
 
 // The smallest with all pixels of other colours than this.
