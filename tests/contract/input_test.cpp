@@ -80,7 +80,8 @@ TEST_F(Mouse, CaptureFollowsThePointer)
 {
     window->ReleaseMouse(); // nobody has it
     window->CaptureMouse();
-    window->CaptureMouse(); // does not nest
+    window->CaptureMouse();         // does not nest
+    stage->Window().ReleaseMouse(); // has not got it
     Press(mbLeft);
     PointAt(*window, -14, 150);
     PointAt(*window, -15, 151);

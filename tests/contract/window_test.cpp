@@ -100,29 +100,6 @@ TEST_F(Windows, EndsOnceWithItsChildren)
     EXPECT_EQ(nullptr, handle.Get());
 }
 
-TEST_F(Windows, MayEndInAnyOfTheirNotifications)
-{
-    heard.reset();
-    for (const char* hook : {"press", "release", "keydown", "focus", "draw"}) {
-        ISysWindow* const victim = stage->Window().CreateChild(ISysWindow::wtNormal);
-        victim->SetWindowRect(20, 120, 220, 220, false);
-        Settle();
-        test::Recorder last(victim);
-        last.HearAll();
-        const CLifeWatch life = victim->WatchLife();
-        last.DoIn(hook, [&](CEvent&) { stage->Close(*victim); });
-        victim->Refresh(0, 0, 200, 100, false);
-        if (life.IsAlive()) {
-            PointAt(*victim, 50, 40);
-            Click(mbLeft);
-        }
-        KeyDown('A');
-        ReleaseAll();
-        EXPECT_TRUE(WaitFor([&] { return !life.IsAlive(); }, std::string("the end in ") + hook));
-        EXPECT_EQ(1, last.Count("destroy")) << hook;
-    }
-}
-
 // On the stage's window itself: platforms may read the pixels of windows inside others inexactly.
 class Painting : public StageTest
 {
@@ -187,17 +164,6 @@ TEST_F(Painting, DirectAndBuffered)
         ExpectPixel(clYellow, 50, 60);
         EXPECT_FALSE(window->TakeDefPainter()->IsEnabled());
     }
-    // Bracket in bracket, one of them forgotten.
-    heard->DoIn("draw", [&](CEvent&) {
-        IPainter& painter = *window->TakeDefPainter();
-        EXPECT_TRUE(painter.BeginPaint(ssBuffered));
-        const CPaintScope inner(painter);
-        painter.SetBrush(brush{clBlue, bsSolid});
-        painter.FillRect(0, 0, 200, 100);
-    });
-    Repaint();
-    ExpectPixel(clBlue, 100, 50);
-    EXPECT_FALSE(window->TakeDefPainter()->IsEnabled());
 }
 
 TEST_F(Painting, SuppressedPaintsNothing)

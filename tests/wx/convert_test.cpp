@@ -17,7 +17,7 @@ namespace {
 TEST(Convert, Text)
 {
     EXPECT_EQ(wxString(wxUniChar(0xe4)), vela2wx(std::string("\xc3\xa4"))); // the harness runs in UTF-8
-    EXPECT_EQ("", vela2wx(std::string("\xf4\x93\xaf\xae")));                // beyond the last character
+    EXPECT_EQ("", vela2wx(std::string("\xf4\x93\xaf\xae"))); // beyond the last character
     EXPECT_EQ("a_z", wx2vela(wxString("a") + wxUniChar(0xe4) + "z"));
     EXPECT_EQ(3u, vela2wx(std::string("a\0b", 3)).length());
 }

@@ -112,12 +112,6 @@ TEST_F(CustomControl, FocusReports)
         EXPECT_EQ(row.expected, listener.log) << &row - rows;
         EXPECT_EQ(row.reported, listener.other) << &row - rows;
     }
-    Make(false); // the real thing
-    Recorder heard(window);
-    heard.Hear<IFocusNotify>();
-    held->SetFocus();
-    (new wxTextCtrl(panel, wxID_ANY, "", wxPoint(0, 200)))->SetFocus();
-    EXPECT_EQ((Lines{"focus", "unfocus"}), heard.Take());
 }
 
 TEST_F(CustomControl, TabAndNavigation)

@@ -81,11 +81,6 @@ TEST_P(InplaceCombo, ChoosingIsReported)
     Tap(GDK_KEY_Return);
     ASSERT_TRUE(WaitFor([&] { return combo->GetCurrentItem() >= 0 && !gtk_grab_get_current(); }, "a choice"));
     EXPECT_THAT(heard->Take(), testing::Contains("item " + std::to_string(combo->GetCurrentItem())).Times(1));
-
-    wxCommandEvent chosen(wxEVT_COMBOBOX);
-    chosen.SetInt(2);
-    EXPECT_TRUE(control->HandleWindowEvent(chosen)); // ends here
-    EXPECT_EQ(Lines{"item 2"}, heard->Take());
 }
 
 TEST_P(InplaceCombo, ShowDropDownShowsNothing)
@@ -94,10 +89,7 @@ TEST_P(InplaceCombo, ShowDropDownShowsNothing)
     control->Bind(wxEVT_COMBOBOX_DROPDOWN, [&](wxCommandEvent&) { ++shown; });
     CPopupTimer& timer = CPopupTimer::Get();
     combo->ShowDropDown(true);
-    combo->ShowDropDown(true);
     EXPECT_TRUE(timer.IsRunning() && timer.GetInterval() == 50);
-    EXPECT_TRUE(WaitFor([&] { return !timer.IsRunning(); }, "the timer's only tick"));
-    combo->ShowDropDown(true);
     text.Reset();
     EXPECT_TRUE(WaitFor([&] { return !timer.IsRunning(); }, "the timer's only tick"));
     EXPECT_EQ(0, shown);

@@ -115,15 +115,6 @@ TEST_F(Popups, GrabComesBack)
     ClickAt(onRoot);
     content->ReleaseMouse(); // grabs for a popup that is shown only
     EXPECT_FALSE(popup->IsVisible() || Grabbed());
-    popup->Show(600, 200); // and a popup of its own takes the grab as well
-    const CHandle<IPopup> inner = content->CreatePopup();
-    inner->SetSize(50, 50);
-    inner->Show(800, 300);
-    Settle();
-    ClickAt(onRoot);
-    EXPECT_TRUE(!inner->IsVisible() && popup->IsVisible());
-    ClickAt(onRoot);
-    EXPECT_TRUE(!popup->IsVisible() && window->GetFocused());
 }
 
 // Whatever ends a capture in the popup on top, the grab goes where it belongs, and the next click elsewhere

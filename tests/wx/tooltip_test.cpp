@@ -48,7 +48,7 @@ public:
         MovePointer(500, 700);
         ShowAt(150, 60, std::string(30, 'm')); // beyond the window's right edge
         PointAt(native, 160, 65);
-        MoveTo(tip, 5, 4);
+        PointAt(tip, 5, 4);
     }
     wxSize SizeOf(const std::string& text)
     {
@@ -188,7 +188,7 @@ TEST_F(Tooltip, Pixels)
 // clang-format off
 const std::string press = "press 155,64 button 1 state 0x1", release = "release 155,64 button 1 state 0x0";
 const struct Input { const char* what; void (*give)(Tooltip&); Lines ownerHears; bool stays, focuses; } inputs[] = {
-    {"motion", [](Tooltip& t) { MoveTo(t.tip, 7, 5); }, {"motion 157,65 button 0 state 0x0"}, true, false},
+    {"motion", [](Tooltip& t) { PointAt(t.tip, 7, 5); }, {"motion 157,65 button 0 state 0x0"}, true, false},
     {"click", [](Tooltip&) { Click(); }, {press, release}, true, true},
     {"menu", [](Tooltip&) { Press(rightButton); }, {"press 155,64 button 3 state 0x2", "menu 155,64"}, true, true},
     {"wheel", [](Tooltip&) { WheelUp(); }, {"wheel 155,64 button 0 state 0x0 delta 3"}, false, false},

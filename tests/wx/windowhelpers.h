@@ -19,13 +19,6 @@ inline wxWindow* Native(const ISysWindow* window)
     return static_cast<wxWindow*>(window->GetNativeHandle());
 }
 
-// Moves the pointer without waiting for motion: GDK turns a motion into another window into crossings only.
-inline void PointAt(const wxWindow* window, int x, int y)
-{
-    const wxPoint target = window->ClientToScreen(wxPoint(x, y));
-    MovePointer(target.x, target.y);
-}
-
 // A toolkit window at (20,10) of 200x100 on a panel that fills the frame's client area.
 class WindowTest : public GuiTest
 {
