@@ -109,7 +109,6 @@ public:
     void OnEditChar(CEditKeyEvent* e) override { NoteKey("char", *e); }
     void OnEditKeyDown(CEditKeyEvent* e) override { NoteKey("keydown", *e); }
     void OnEditEnter(CEditEnterEvent* e) override { Note("enter", *e); }
-    void OnComboDropDown(CEvent* e) override { Note("dropdown", *e); }
     void OnComboItemSelected(CComboEvent* e) override { Note("item", *e, std::to_string(e->index)); }
     void OnScroll(CScrollEvent* e) override
     {

@@ -66,22 +66,17 @@ TEST_F(Windows, FocusComesAndGoes)
     other->SetFocus();
     Settle();
     heard->Take();
-    struct Row
-    {
-        ISysWindow* target;
-        bool focused, active; // one level of children counts as focused, all of them as active
-        Lines expected;
-    };
-    const Row rows[] = {
+    // One level of children counts as focused, all of them as active.
+    const std::tuple<ISysWindow*, bool, bool, Lines> rows[] = {
         {window, true, true, {"focus"}}, {inside, true, true, {}},           {deeper, false, true, {}},
         {window, true, true, {"focus"}}, {other, false, false, {"unfocus"}},
     };
-    for (const Row& row : rows) {
-        row.target->SetFocus();
+    for (const auto& [target, focused, active, expected] : rows) {
+        target->SetFocus();
         Settle();
-        EXPECT_EQ(row.expected, heard->Take());
-        EXPECT_EQ(row.focused, window->GetFocused());
-        EXPECT_EQ(row.active, window->IsActive());
+        EXPECT_EQ(expected, heard->Take());
+        EXPECT_EQ(focused, window->GetFocused());
+        EXPECT_EQ(active, window->IsActive());
     }
 }
 

@@ -77,6 +77,9 @@ const Order orders[] = {
     {"OuterContentDies", [](Scene& s) { Popups p(s, true); s.Raw(theContent)->Destroy(); Settle(); EXPECT_FALSE(p.second); }},
     {"InnerPopupDies",   [](Scene& s) { Popups p(s, true); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
     {"InnerCapturesOuterDies", [](Scene& s) { Popups p(s, true); p.second->GetContent()->CaptureMouse(); s.popup.Reset(); Settle(); EXPECT_FALSE(p.second); }},
+    {"TopCapturesBelowHides", [](Scene& s) { Popups p(s, false); p.second->GetContent()->CaptureMouse(); s.popup->Hide(); p.second->GetContent()->ReleaseMouse(); Settle(); p.Dismisses(p.second); }},
+    {"TopCapturesAndHides", [](Scene& s) { Popups p(s, false); p.second->GetContent()->CaptureMouse(); p.second->Hide(); Settle(); p.Dismisses(s.popup); }},
+    {"CapturedInTopDies", [](Scene& s) { Popups p(s, false); ISysWindow* in = p.second->GetContent()->CreateChild(ISysWindow::wtNormal); s.popup->Hide(); in->CaptureMouse(); delete Native(in); Settle(); p.Dismisses(p.second); }},
     {"BelowPopupsCaptureDies", [](Scene& s) { Popups p(s, false); s.Window(theSibling)->CaptureMouse(); s.Window(theContent)->CaptureMouse(); s.Raw(theSibling)->Destroy(); s.Window(theContent)->ReleaseMouse(); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
     {"TipsPopupHides",   [](Scene& s) {
         s.Build(Scene::child), s.MakePopup(), s.popup->Show(600, 200), Settle();

@@ -118,12 +118,10 @@ TEST_F(Construction, AlwaysLeftToRight)
 
 TEST_F(Construction, MadeByClassName)
 {
-    auto* const native = dynamic_cast<CVELAwxWindow*>(wxCreateDynamicObject("vela7::CVELAwxWindow"));
-    ASSERT_NE(nullptr, native);
-    native->Create(panel, wxID_ANY);
-    EXPECT_EQ(nullptr, GetWrapper(native));
+    const auto native = wxCreateDynamicObject("vela7::CVELAwxWindow");
+    dynamic_cast<CVELAwxWindow&>(*native).Create(panel, wxID_ANY);
+    EXPECT_EQ(nullptr, GetWrapper(dynamic_cast<wxWindow*>(native)));
     Settle();
-    native->Destroy();
     delete wxCreateDynamicObject("vela7::CVELAwxWindow");
     const std::unique_ptr<wxObject> handler(wxCreateDynamicObject("vela7::CParentResizeHandler"));
     EXPECT_NE(nullptr, dynamic_cast<CParentResizeHandler*>(handler.get()));

@@ -23,13 +23,13 @@ protected:
         text->SetFocus();
         Settle();
         ASSERT_TRUE(text->GetFocused());
-        heard = std::make_unique<Recorder>(text.Get());
-        heard->HearAll();
+        edits = std::make_unique<Recorder>(text.Get());
+        edits->HearAll();
     }
 
     CHandle<IInplaceEdit> text;
     wxWindow* control = nullptr;
-    std::unique_ptr<Recorder> heard;
+    std::unique_ptr<Recorder> edits;
 };
 
 } // namespace vela7::test

@@ -117,21 +117,20 @@ TEST_F(CustomControl, FocusReports)
 TEST_F(CustomControl, TabAndNavigation)
 {
     const std::string tab = "keydown 9 state 0x0 char 0", back = "keydown 9 state 0x100 char 0";
-    Recorder heard(window);
-    heard.Hear<IKeyboardNotify>();
-    heard.Do([](CEvent& e) { static_cast<CKeyboardEvent&>(e).allowNavigation = false; });
+    heard->Hear<IKeyboardNotify>();
+    heard->Do([](CEvent& e) { static_cast<CKeyboardEvent&>(e).allowNavigation = false; });
     held->SetFocus();
     Tap(GDK_KEY_Tab);
-    EXPECT_EQ(Lines{tab}, heard.Take());
+    EXPECT_EQ(Lines{tab}, heard->Take());
     const auto navigate = [&](bool forward) {
         wxNavigationKeyEvent event;
         event.SetDirection(forward);
         EXPECT_TRUE(control->HandleWindowEvent(event));
-        return heard.Take();
+        return heard->Take();
     };
     EXPECT_EQ((Lines{tab, tab}), navigate(true)); // the request, then the key, since the focus stayed
     EXPECT_EQ((Lines{back, back}), navigate(false));
-    heard.Do([&](CEvent&) { native->SetFocus(); });
+    heard->Do([&](CEvent&) { native->SetFocus(); });
     EXPECT_EQ(Lines{tab}, navigate(true));
 
     int keys = 0; // no parent: swallowed

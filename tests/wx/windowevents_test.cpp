@@ -40,11 +40,6 @@ auto Key(wxEventType type, int code)
 class WindowEvents : public WindowTest
 {
 protected:
-    void SetUp() override
-    {
-        ASSERT_NO_FATAL_FAILURE(WindowTest::SetUp());
-        heard = std::make_unique<Recorder>(window);
-    }
     // The events that reach the native window's own handlers, which come after the toolkit's.
     template <class... Types>
     void CountBelow(const Types&... types)
@@ -53,7 +48,6 @@ protected:
         (native->Bind(types, count), ...);
     }
 
-    std::unique_ptr<Recorder> heard;
     int below = 0;
 };
 
@@ -67,14 +61,8 @@ struct MainLoop : wxApp
 
 TEST_F(WindowEvents, WhatWxGetsToSee)
 {
-    struct Row
-    {
-        Lines heard;
-        std::function<void(wxWindow*)> send;
-        bool seen, seenWhenCleared;
-    };
     // clang-format off
-    const Row rows[] = {
+    const struct { Lines heard; std::function<void(wxWindow*)> send; bool seen, seenWhenCleared; } rows[] = {
         {{"press 0,0 button 1 state 0x0"},   Mouse(wxEVT_LEFT_DOWN),    true,  false},
         {{"press 0,0 button 3 state 0x0"},   Mouse(wxEVT_RIGHT_DOWN),   true,  false},
         {{},                                 Mouse(wxEVT_MIDDLE_DOWN),  true,  true},
@@ -111,7 +99,7 @@ TEST_F(WindowEvents, WhatWxGetsToSee)
     heard->Hear<IMouseNotify, IKeyboardNotify, IFocusNotify, IWindowNotify, IContextMenuNotify>();
     for (const bool passOn : {true, false}) {
         heard->Do([passOn](CEvent& event) { event.passOn = passOn; });
-        for (const Row& row : rows) {
+        for (const auto& row : rows) {
             SCOPED_TRACE(&row - rows);
             below = 0;
             row.send(native);
@@ -123,13 +111,8 @@ TEST_F(WindowEvents, WhatWxGetsToSee)
 
 TEST_F(WindowEvents, NavigationBecomesTabInTheMainLoop)
 {
-    struct Row
-    {
-        bool forward, windowChange;
-        const char* expected;
-    };
     // clang-format off
-    const Row rows[] = {
+    const struct { bool forward, windowChange; const char* expected; } rows[] = {
         {true,  false, "keydown 9 state 0x0 char 0"},
         {true,  true,  "keydown 9 state 0x200 char 0"},
         {false, false, "keydown 9 state 0x100 char 0"},
@@ -140,7 +123,7 @@ TEST_F(WindowEvents, NavigationBecomesTabInTheMainLoop)
     CountBelow(wxEVT_NAVIGATION_KEY);
     wxNavigationKeyEvent event;
     for (const bool allowed : {true, false})
-        for (const Row& row : rows) {
+        for (const auto& row : rows) {
             heard->Do([&](CEvent& e) {
                 e.passOn = !allowed; // means nothing here
                 static_cast<CKeyboardEvent&>(e).allowNavigation = allowed;

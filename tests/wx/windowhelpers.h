@@ -19,7 +19,8 @@ inline wxWindow* Native(const ISysWindow* window)
     return static_cast<wxWindow*>(window->GetNativeHandle());
 }
 
-// A toolkit window at (20,10) of 200x100 on a panel that fills the frame's client area.
+// A toolkit window at (20,10) of 200x100 on a panel that fills the frame's client area, and somebody who can
+// hear it.
 class WindowTest : public GuiTest
 {
 protected:
@@ -30,12 +31,14 @@ protected:
         window = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
         window->SetWindowRect(20, 10, 220, 110, false);
         native = Native(window);
+        heard = std::make_unique<Recorder>(window);
         Settle();
     }
 
     wxPanel* panel = nullptr;
     CwxSysWindow* window = nullptr;
     wxWindow* native = nullptr;
+    std::unique_ptr<Recorder> heard;
 };
 
 // ---- pictures; colours as 0xRRGGBB
