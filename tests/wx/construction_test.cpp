@@ -76,6 +76,10 @@ TEST_F(Construction, FillingWindowFollowsItsParent)
     EXPECT_TRUE(native->HasFocus());
     EXPECT_EQ(Lines{"focus"}, heard.Take());
     EXPECT_EQ(0, seen);
+    auto* const other = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(150, 120));
+    native->Reparent(other); // and is filled
+    EXPECT_EQ(wxSize(150, 120), native->GetSize());
+    ExpectBare();
     native->Destroy();
     ExpectBare();
 }

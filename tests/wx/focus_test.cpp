@@ -60,13 +60,6 @@ TEST_F(Walk, BothWaysInOrder)
     EXPECT_EQ("103210", Tabs(6, true));
     EXPECT_EQ("unfocus focus unfocus", heard->TakeNames());
     EXPECT_EQ(0, below);
-    bool windowChange = false;
-    stations[2]->GetGrandParent()->Bind(wxEVT_NAVIGATION_KEY,
-                                        [&](wxNavigationKeyEvent& e) { windowChange = e.IsWindowChange(); });
-    stations[2]->SetFocus();
-    KeyDown(GDK_KEY_Control_L);
-    Tap(GDK_KEY_Tab);
-    EXPECT_TRUE(windowChange);
 }
 
 TEST_F(WindowTest, ChildrenReportTheirFocus)
