@@ -133,6 +133,16 @@ TEST_F(CustomControl, TabAndNavigation)
     heard->Do([&](CEvent&) { native->SetFocus(); });
     EXPECT_EQ(Lines{tab}, navigate(true));
 
+    heard->Do({}); // dropped in its own signal it forwards nothing any more
+    held->focus_in_signal.connect([&](ICustomControl*) {
+        held.Reset();
+        wxKeyEvent late(wxEVT_KEY_DOWN);
+        late.m_keyCode = WXK_TAB;
+        control->HandleWindowEvent(late);
+    });
+    held->SetFocus();
+    EXPECT_EQ(Lines{}, heard->Take());
+
     int keys = 0; // no parent: swallowed
     frame->Bind(wxEVT_KEY_DOWN, [&](wxKeyEvent&) { ++keys; });
     const auto top = CreateCustomControl(frame, nullptr, false);

@@ -170,7 +170,7 @@ TEST_F(Tooltip, Pixels)
 {
     tip->SetColor(_color(0x20, 0x40, 0x60)), tip->SetTextColor(_color(0xf0, 0xe0, 0));
     tip->SetFont(font{"DejaVu Sans", ffDefault, 20, fsBold});
-    for (const char* text : {"mmm", "mmm\nmmm"}) { // the second while the first is shown
+    for (const char* text : {"mmm", "mmm\nmmm", "mmm\n "}) { // the others while it is shown
         ShowAt(10, 10, text);
         const Pixels shown = ReadPixels(tip);
         const int w = shown.Width(), h = shown.Height(), wide = Extent("m").x;
@@ -182,6 +182,7 @@ TEST_F(Tooltip, Pixels)
         EXPECT_EQ(2 * (h - 1), count(0, 0, 1, h, 0xf0e000) + count(w - 2, 0, 1, h, 0xf0e000));
         EXPECT_EQ(h - 3, count(1, 1, 1, h - 3, 0x204060)) << "the left margin";
         EXPECT_GT(count(2 + 2 * wide, 4, wide, Extent("m").y, 0xf0e000), 20) << "the third letter";
+        EXPECT_EQ(std::strlen(text) == 7, count(2, h / 2 + 2, wide, h / 2 - 6, 0xf0e000) > 20) << text;
     }
 }
 
