@@ -118,14 +118,12 @@ TEST_F(Mouse, PressTakesTheFocusUnlessToldNotTo)
 }
 
 // On the only window there is, so that the platform has nowhere to move the focus to.
-class Keyboard : public StageTest
+class Keyboard : public OnStage
 {
 protected:
     void SetUp() override
     {
-        stage = OpenStage();
-        window = &stage->Window();
-        heard = std::make_unique<test::Recorder>(window);
+        OnStage::SetUp();
         heard->Hear<IKeyboardNotify, ITabTraversalNotify>();
         window->SetFocus();
         Settle();

@@ -10,11 +10,6 @@ namespace {
 
 constexpr _color clBack{0x10, 0x20, 0x30};
 
-bool Same(const _color& a, const _color& b)
-{
-    return a.red == b.red && a.green == b.green && a.blue == b.blue;
-}
-
 } // namespace
 
 using Windows = StageTest;
@@ -96,21 +91,19 @@ TEST_F(Windows, EndsOnceWithItsChildren)
 }
 
 // On the stage's window itself: platforms may read the pixels of windows inside others inexactly.
-class Painting : public StageTest
+class Painting : public OnStage
 {
 protected:
     void SetUp() override
     {
-        stage = OpenStage();
-        window = &stage->Window();
-        heard = std::make_unique<test::Recorder>(window);
+        OnStage::SetUp();
         window->TakeDefPainter()->SetBackgroundColor(clBack);
         Repaint();
     }
     void Repaint() { window->Refresh(0, 0, 400, 300, false); }
     void ExpectPixel(const _color& expected, int x, int y)
     {
-        EXPECT_TRUE(Same(expected, window->GetPixel(x, y))) << x << ',' << y;
+        EXPECT_EQ(expected, window->GetPixel(x, y)) << x << ',' << y;
     }
     void Draw(const _color& color, StdSettings settings, const rectangle<int>& area)
     {
