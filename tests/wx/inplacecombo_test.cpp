@@ -31,9 +31,9 @@ TEST_P(InplaceCombo, PositionItemsAndText)
     combo->SetPos(20, 20, 100, 27); // 7 high
     combo->SetPos(10, 10, 150, 40); // where it is
     EXPECT_EQ(0, sizes);
-    combo->SetPos(20, 20, 100, 50);
+    combo->SetPos(20, 20, 100, 28);
     EXPECT_EQ(1, sizes);
-    EXPECT_EQ(rectangle<int>(20, 20, 100, 50), combo->GetPos());
+    EXPECT_EQ(rectangle<int>(20, 20, 100, 28), combo->GetPos());
 
     combo->SetString("ONE", 0);
     combo->DeleteString(1);

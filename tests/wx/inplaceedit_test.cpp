@@ -36,6 +36,7 @@ TEST_P(EditAndCombo, KeysReachListenersTextAndParent)
         EXPECT_EQ(row.heard, edits->Take());
         EXPECT_EQ(row.parent, heard->Take());
         EXPECT_EQ(row.text, text->GetText());
+        EXPECT_TRUE(text->GetFocused());
         ReleaseAll();
     }
     wxKeyEvent typed(wxEVT_CHAR);
