@@ -203,7 +203,7 @@ TEST_F(WindowPainting, ForgottenAndMisplacedBrackets)
         EXPECT_FALSE(Painter().IsEnabled() || Painter().GetDC());
         EXPECT_EQ(0xFF0000u, At(100, 50));
         Painter().EndPaint();
-        heard->Do([&](CEvent&) { Fill(Painter(), clBlue, {0, 0, 200, 100}, settings); });
+        heard->Do([this, settings](CEvent&) { Fill(Painter(), clBlue, {0, 0, 200, 100}, settings); });
         Repaint();
         EXPECT_EQ(0x0000FFu, At(100, 50));
     }
@@ -233,7 +233,7 @@ TEST_F(WindowPainting, PaintInsideAPaint)
         Repaint();
         EXPECT_EQ(2, depth);
         EXPECT_FALSE(Painter().IsEnabled() || Painter().GetDC());
-        heard->Do([&](CEvent&) { Fill(Painter(), clYellow, {0, 0, 200, 100}, settings); });
+        heard->Do([this, settings](CEvent&) { Fill(Painter(), clYellow, {0, 0, 200, 100}, settings); });
         Repaint();
         EXPECT_EQ(200 * 100, ReadPixels(native).CountColour(wxRect(0, 0, 200, 100), 0xFFFF00));
     }
