@@ -36,14 +36,8 @@ TEST_F(Mouse, PressReleaseAndDoubleClick)
 
 TEST_F(Mouse, StateHoldsAllButtonsAndModifiers)
 {
-    struct Row
-    {
-        std::vector<MouseButton> buttons;
-        std::vector<std::uint32_t> keys;
-        const char* expected; // of a move
-    };
     // clang-format off
-    const Row rows[] = {
+    const struct { std::vector<MouseButton> buttons; std::vector<std::uint32_t> keys; const char* move; } rows[] = {
         {{},                           {},                          "button 0 state 0x0"},
         {{mbRight, mbLeft},            {},                          "button 1 state 0x3"},
         {{mbMiddle, mbLeft},           {},                          "button 1 state 0x5"},
@@ -56,14 +50,14 @@ TEST_F(Mouse, StateHoldsAllButtonsAndModifiers)
     };
     // clang-format on
     int x = 50;
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         for (const std::uint32_t key : row.keys)
             KeyDown(key);
         for (const MouseButton button : row.buttons)
             Press(button);
         heard->Take();
         PointAt(*window, ++x, 40);
-        EXPECT_EQ(Lines{"motion " + At(x, 40) + ' ' + row.expected}, heard->Take());
+        EXPECT_EQ(Lines{"motion " + At(x, 40) + ' ' + row.move}, heard->Take());
         ReleaseAll();
     }
 }
@@ -80,7 +74,8 @@ TEST_F(Mouse, CaptureFollowsThePointer)
 {
     window->ReleaseMouse(); // nobody has it
     window->CaptureMouse();
-    window->CaptureMouse(); // does not nest
+    window->CaptureMouse();         // does not nest
+    stage->Window().ReleaseMouse(); // has not got it
     Press(mbLeft);
     PointAt(*window, -14, 150);
     PointAt(*window, -15, 151);
@@ -124,14 +119,12 @@ TEST_F(Mouse, PressTakesTheFocusUnlessToldNotTo)
 }
 
 // On the only window there is, so that the platform has nowhere to move the focus to.
-class Keyboard : public StageTest
+class Keyboard : public OnStage
 {
 protected:
     void SetUp() override
     {
-        stage = OpenStage();
-        window = &stage->Window();
-        heard = std::make_unique<test::Recorder>(window);
+        OnStage::SetUp();
         heard->Hear<IKeyboardNotify, ITabTraversalNotify>();
         window->SetFocus();
         Settle();
@@ -141,16 +134,9 @@ protected:
 
 TEST_F(Keyboard, PressCharacterAndRelease)
 {
-    struct Row
-    {
-        std::vector<std::uint32_t> held;
-        std::uint32_t key;
-        const char* press;
-        int character; // -1: none
-        const char* release;
-    };
+    using Keys = std::vector<std::uint32_t>;
     // clang-format off
-    const Row rows[] = {
+    const struct { Keys held; std::uint32_t key; const char* press; int character; const char* release; } rows[] = { // -1: no character
         {{},                 'A',        "65 state 0x0",   97,  "65 state 0x0"},
         {{kcShift},          'A',        "65 state 0x100", 65,  "65 state 0x100"},
         {{kcControl},        'A',        "65 state 0x200", 1,   "65 state 0x200"},
@@ -166,7 +152,7 @@ TEST_F(Keyboard, PressCharacterAndRelease)
         {{},                 kcAlt,      "18 state 0x400", -1,  "18 state 0x0"},
     };
     // clang-format on
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         for (const std::uint32_t key : row.held)
             KeyDown(key);
         heard->Take();

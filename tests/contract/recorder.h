@@ -21,53 +21,66 @@ std::string At(const T& x, const T& y)
     return std::to_string(x) + ',' + std::to_string(y);
 }
 
+template <class... Interfaces>
+class Ears : public Interfaces...
+{
+protected:
+    void SubscribeAll(IEventSender& sender) { (Subscribe<Interfaces>(sender, this), ...); }
+    void UnsubscribeAll(IEventSender& sender)
+    {
+        (sender.Unsubscribe(static_cast<Interfaces*>(this), typeid(Interfaces), false), ...);
+    }
+};
+
 // Writes each record down as one line that holds every field; what must be the same in all of them (sender,
-// passOn and allowNavigation set) is tested at once. May outlive the window.
-class Recorder : public IDrawingNotify,
-                 public IMouseNotify,
-                 public IKeyboardNotify,
-                 public IFocusNotify,
-                 public IWindowNotify,
-                 public ITabTraversalNotify,
-                 public IContextMenuNotify
+// passOn and allowNavigation set) is tested at once. May outlive the sender: a window, a control, a timer.
+class Recorder : public Ears<IDrawingNotify, IMouseNotify, IKeyboardNotify, IFocusNotify, IWindowNotify,
+                             ITabTraversalNotify, IContextMenuNotify, IEditNotify, IComboBoxNotify,
+                             IScrollBarNotify, IMenuNotify, ITimerNotify>
 {
 public:
     using Action = std::function<void(CEvent&)>;
 
-    explicit Recorder(ISysWindow* window) : m_window(window), m_life(window->WatchLife()) {}
+    template <class Sender>
+    explicit Recorder(Sender* sender) : m_sender(sender), m_life(sender->WatchLife())
+    {
+    }
     ~Recorder() override { Forget(); }
 
     template <class... Interfaces>
     void Hear()
     {
-        (Subscribe<Interfaces>(*m_window, this), ...);
+        (Subscribe<Interfaces>(*m_sender, this), ...);
     }
-    void HearAll()
-    {
-        Hear<IDrawingNotify, IMouseNotify, IKeyboardNotify, IFocusNotify, IWindowNotify, ITabTraversalNotify,
-             IContextMenuNotify>();
-    }
+    void HearAll() { SubscribeAll(*m_sender); }
     void Forget()
     {
         if (m_life.IsAlive())
-            Quit<IDrawingNotify, IMouseNotify, IKeyboardNotify, IFocusNotify, IWindowNotify,
-                 ITabTraversalNotify, IContextMenuNotify>();
+            UnsubscribeAll(*m_sender);
     }
 
     // The lines since the last call.
     Lines Take() { return std::exchange(m_lines, {}); }
+    // The first words of them only.
+    std::string TakeNames()
+    {
+        std::string names;
+        for (const std::string& line : Take())
+            names += (names.empty() ? "" : " ") + line.substr(0, line.find(' '));
+        return names;
+    }
     int Count(const std::string& hook) const
     {
         const auto is = [&](const std::string& line) { return line.substr(0, line.find(' ')) == hook; };
         return static_cast<int>(std::count_if(m_lines.begin(), m_lines.end(), is));
     }
     // Has something done inside every notification, or inside those of one hook.
-    void Do(Action action) { m_action = std::move(action); }
+    void Do(Action action) { m_hook.clear(), m_action = std::move(action); }
     void DoIn(const std::string& hook, Action action) { m_hook = hook, m_action = std::move(action); }
 
     void OnDraw(CDrawEvent* e) override
     {
-        EXPECT_EQ(m_window->TakeDefPainter(), e->painter);
+        EXPECT_EQ(dynamic_cast<ISysWindow&>(*m_sender).TakeDefPainter(), e->painter);
         const rectangle<int> damage = e->painter->GetUpdateRect();
         Note("draw", *e, At(damage.left, damage.top) + ' ' + At(damage.right, damage.bottom));
     }
@@ -92,14 +105,21 @@ public:
     void OnDestroy(CEvent* e) override { Note("destroy", *e); }
     void OnTabTraversal(CKeyboardEvent* e) override { NoteKey("tab", *e); }
     void OnContextMenu(CContextMenuEvent* e) override { Note("menu", *e, At(e->position.x, e->position.y)); }
+    void OnEditTextChanged(CEditTextEvent* e) override { Note("text", *e, e->text); }
+    void OnEditChar(CEditKeyEvent* e) override { NoteKey("char", *e); }
+    void OnEditKeyDown(CEditKeyEvent* e) override { NoteKey("keydown", *e); }
+    void OnEditEnter(CEditEnterEvent* e) override { Note("enter", *e); }
+    void OnComboItemSelected(CComboEvent* e) override { Note("item", *e, std::to_string(e->index)); }
+    void OnScroll(CScrollEvent* e) override
+    {
+        std::ostringstream text;
+        text << e->value << " action " << e->action;
+        Note("scroll", *e, text.str());
+    }
+    void OnMenuCommand(CMenuEvent* e) override { Note("command", *e, std::to_string(e->id)); }
+    void OnTimer(CTimerEvent* e) override { Note("tick", *e); }
 
 private:
-    template <class... Interfaces>
-    void Quit()
-    {
-        (m_window->Unsubscribe(static_cast<Interfaces*>(this), typeid(Interfaces), false), ...);
-    }
-
     void NoteMouse(const std::string& hook, CMouseEvent& e, const std::string& more = "")
     {
         std::ostringstream text;
@@ -116,7 +136,7 @@ private:
     }
     void Note(const std::string& hook, CEvent& e, const std::string& text = "")
     {
-        EXPECT_EQ(static_cast<IEventSender*>(m_window), e.sender) << hook;
+        EXPECT_EQ(m_sender, e.sender) << hook;
         EXPECT_TRUE(e.passOn) << hook;
         m_lines.push_back(text.empty() ? hook : hook + ' ' + text);
         const Action action = m_action; // which may replace itself
@@ -124,7 +144,7 @@ private:
             action(e);
     }
 
-    ISysWindow* m_window;
+    IEventSender* m_sender;
     CLifeWatch m_life;
     Lines m_lines;
     std::string m_hook;

@@ -10,11 +10,6 @@ namespace {
 
 constexpr _color clBack{0x10, 0x20, 0x30};
 
-bool Same(const _color& a, const _color& b)
-{
-    return a.red == b.red && a.green == b.green && a.blue == b.blue;
-}
-
 } // namespace
 
 using Windows = StageTest;
@@ -66,22 +61,17 @@ TEST_F(Windows, FocusComesAndGoes)
     other->SetFocus();
     Settle();
     heard->Take();
-    struct Row
-    {
-        ISysWindow* target;
-        bool focused, active; // one level of children counts as focused, all of them as active
-        Lines expected;
-    };
-    const Row rows[] = {
+    // One level of children counts as focused, all of them as active.
+    const std::tuple<ISysWindow*, bool, bool, Lines> rows[] = {
         {window, true, true, {"focus"}}, {inside, true, true, {}},           {deeper, false, true, {}},
         {window, true, true, {"focus"}}, {other, false, false, {"unfocus"}},
     };
-    for (const Row& row : rows) {
-        row.target->SetFocus();
+    for (const auto& [target, focused, active, expected] : rows) {
+        target->SetFocus();
         Settle();
-        EXPECT_EQ(row.expected, heard->Take());
-        EXPECT_EQ(row.focused, window->GetFocused());
-        EXPECT_EQ(row.active, window->IsActive());
+        EXPECT_EQ(expected, heard->Take());
+        EXPECT_EQ(focused, window->GetFocused());
+        EXPECT_EQ(active, window->IsActive());
     }
 }
 
@@ -103,45 +93,20 @@ TEST_F(Windows, EndsOnceWithItsChildren)
     EXPECT_EQ(nullptr, handle.Get());
 }
 
-TEST_F(Windows, MayEndInAnyOfTheirNotifications)
-{
-    heard.reset();
-    for (const char* hook : {"press", "release", "keydown", "focus", "draw"}) {
-        ISysWindow* const victim = stage->Window().CreateChild(ISysWindow::wtNormal);
-        victim->SetWindowRect(20, 120, 220, 220, false);
-        Settle();
-        test::Recorder last(victim);
-        last.HearAll();
-        const CLifeWatch life = victim->WatchLife();
-        last.DoIn(hook, [&](CEvent&) { stage->Close(*victim); });
-        victim->Refresh(0, 0, 200, 100, false);
-        if (life.IsAlive()) {
-            PointAt(*victim, 50, 40);
-            Click(mbLeft);
-        }
-        KeyDown('A');
-        ReleaseAll();
-        EXPECT_TRUE(WaitFor([&] { return !life.IsAlive(); }, std::string("the end in ") + hook));
-        EXPECT_EQ(1, last.Count("destroy")) << hook;
-    }
-}
-
 // On the stage's window itself: platforms may read the pixels of windows inside others inexactly.
-class Painting : public StageTest
+class Painting : public OnStage
 {
 protected:
     void SetUp() override
     {
-        stage = OpenStage();
-        window = &stage->Window();
-        heard = std::make_unique<test::Recorder>(window);
+        OnStage::SetUp();
         window->TakeDefPainter()->SetBackgroundColor(clBack);
         Repaint();
     }
     void Repaint() { window->Refresh(0, 0, 400, 300, false); }
     void ExpectPixel(const _color& expected, int x, int y)
     {
-        EXPECT_TRUE(Same(expected, window->GetPixel(x, y))) << x << ',' << y;
+        EXPECT_EQ(expected, window->GetPixel(x, y)) << x << ',' << y;
     }
     void Draw(const _color& color, StdSettings settings, const rectangle<int>& area)
     {
@@ -190,17 +155,6 @@ TEST_F(Painting, DirectAndBuffered)
         ExpectPixel(clYellow, 50, 60);
         EXPECT_FALSE(window->TakeDefPainter()->IsEnabled());
     }
-    // Bracket in bracket, one of them forgotten.
-    heard->DoIn("draw", [&](CEvent&) {
-        IPainter& painter = *window->TakeDefPainter();
-        EXPECT_TRUE(painter.BeginPaint(ssBuffered));
-        const CPaintScope inner(painter);
-        painter.SetBrush(brush{clBlue, bsSolid});
-        painter.FillRect(0, 0, 200, 100);
-    });
-    Repaint();
-    ExpectPixel(clBlue, 100, 50);
-    EXPECT_FALSE(window->TakeDefPainter()->IsEnabled());
 }
 
 TEST_F(Painting, SuppressedPaintsNothing)

@@ -77,6 +77,10 @@ const Order orders[] = {
     {"OuterContentDies", [](Scene& s) { Popups p(s, true); s.Raw(theContent)->Destroy(); Settle(); EXPECT_FALSE(p.second); }},
     {"InnerPopupDies",   [](Scene& s) { Popups p(s, true); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
     {"InnerCapturesOuterDies", [](Scene& s) { Popups p(s, true); p.second->GetContent()->CaptureMouse(); s.popup.Reset(); Settle(); EXPECT_FALSE(p.second); }},
+    {"TopCapturesAndReleases", [](Scene& s) { Popups p(s, false); p.second->GetContent()->CaptureMouse(); p.second->GetContent()->ReleaseMouse(); p.Dismisses(p.second); p.Dismisses(s.popup); }},
+    {"TopCapturesBelowHides", [](Scene& s) { Popups p(s, false); p.second->GetContent()->CaptureMouse(); s.popup->Hide(); p.second->GetContent()->ReleaseMouse(); Settle(); p.Dismisses(p.second); }},
+    {"TopCapturesAndHides", [](Scene& s) { Popups p(s, false); p.second->GetContent()->CaptureMouse(); p.second->Hide(); Settle(); p.Dismisses(s.popup); }},
+    {"CapturedInTopDies", [](Scene& s) { Popups p(s, false); ISysWindow* in = p.second->GetContent()->CreateChild(ISysWindow::wtNormal); s.popup->Hide(); in->CaptureMouse(); delete Native(in); Settle(); p.Dismisses(p.second); }},
     {"BelowPopupsCaptureDies", [](Scene& s) { Popups p(s, false); s.Window(theSibling)->CaptureMouse(); s.Window(theContent)->CaptureMouse(); s.Raw(theSibling)->Destroy(); s.Window(theContent)->ReleaseMouse(); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
     {"LowestCaptureDies", [](Scene& s) {
         s.Build(Scene::nested);
@@ -118,6 +122,13 @@ const Order orders[] = {
         EXPECT_EQ(s.Raw(thePanel), s.Raw(thePanel)->GetEventHandler()); }},
     {"QueuedClicks",     [](Scene& s) { Queued(s, "press", [](bool down) { x11::Button(1, down); }); }},
     {"QueuedKeys",       [](Scene& s) { Queued(s, "keydown", [](bool down) { x11::Key(GDK_KEY_a, down); }); }},
+    {"HiddenAtOnce",     [](Scene& s) {
+        s.Build(Scene::child);
+        Recorder heard(s.window);
+        heard.HearAll();
+        heard.DoIn("move", [&](CEvent&) { s.native->Destroy(); EXPECT_FALSE(s.native->IsShown()); });
+        Send(s.native, wxMoveEvent(wxPoint(1, 2)));
+        EXPECT_EQ(1, heard.Count("move")); }},
     {"PainterOutlives",  [](Scene& s) {
         s.Build(Scene::child);
         const CHandle<IPainter> painter = s.window->CreatePainter();

@@ -22,7 +22,7 @@ void PointAtTip(Scene& s)
     MovePointer(500, 700);
     Track(s, 150, 60);
     s.PointAt(theWindow, 160, 65);
-    MoveTo(s.tip, 5, 4);
+    PointAt(s.tip, 5, 4);
 }
 void PointAtLayer(Scene& s)
 {
@@ -55,7 +55,7 @@ const std::vector<Row> ownerRows = { // of the owner, while its popup is shown
 const std::vector<Row> tipRows = {
     {"whileshown", "",     PointAtTip, Now},
     {"whiledelayed", "",   [](Scene& s) { s.window->SetTooltipDelay(1); s.PointAt(theWindow, 160, 65); s.window->TrackTooltip(300, 300, "late"); }, Now},
-    {"motion",  "motion",  PointAtTip, [](Scene& s) { MoveTo(s.tip, 7, 5); }},
+    {"motion",  "motion",  PointAtTip, [](Scene& s) { PointAt(s.tip, 7, 5); }},
     {"press",   "press",   PointAtTip, [](Scene&) { Press(); }},
     {"release", "release", [](Scene& s) { PointAtTip(s); Press(); }, [](Scene&) { Release(); }},
     {"menu",    "menu",    PointAtTip, [](Scene&) { Press(rightButton); }},

@@ -226,22 +226,18 @@ void Scene::TearDown()
 void Scene::Arm(const Cell& cell)
 {
     m_cell = &cell;
-    const std::string hook = cell.row->hook;
+    const std::string hook = *cell.row->hook ? cell.row->hook : "none";
     const auto spring = [this](auto&&...) { Spring(); };
     if (ISysWindow* const subject = Window(cell.family->subject)) {
         m_first = std::make_unique<Recorder>(subject);
         m_second = std::make_unique<Recorder>(subject);
         m_first->HearAll(), m_second->HearAll();
-        m_first->DoIn(hook.empty() ? "none" : hook, spring);
+        m_first->DoIn(hook, spring);
+    } else if (menus || control) {
+        m_ear = menus ? std::make_unique<Recorder>(menus->menus[2].Get())
+                      : std::make_unique<Recorder>(control.Get());
+        m_ear->HearAll(), m_ear->DoIn(hook, spring);
     }
-    if (text) {
-        m_edits = std::make_unique<EditRecorder>(*text);
-        m_edits->DoIn(hook, spring);
-    }
-    if (hook == "scroll")
-        Subscribe<IScrollBarNotify>(*control, &m_ear);
-    if (hook == "command")
-        Subscribe<IMenuNotify>(*menus->menus[2], &m_ear);
     if (hook == "in")
         control->focus_in_signal.connect(spring);
     if (hook == "out")
@@ -253,14 +249,10 @@ void Scene::Forget()
 {
     if (m_first)
         m_first->Forget(), m_second->Forget();
-    if (m_edits)
-        m_edits->Forget();
-    if (control) {
+    if (m_ear)
+        m_ear->Forget();
+    if (control)
         control->focus_in_signal.disconnect_all(), control->focus_out_signal.disconnect_all();
-        Unsubscribe<IScrollBarNotify>(*control, &m_ear);
-    }
-    if (menus)
-        Unsubscribe<IMenuNotify>(*menus->menus[2], &m_ear);
 }
 
 void Scene::Spring()

@@ -2,9 +2,9 @@
 // the table springs inside one notification, ends something there, and may then run a nested event loop.
 #pragma once
 
-#include "wx/controlhelpers.h"
 #include "wx/menudriver.h"
 
+#include "vela7/inplace.h"
 #include "vela7/popup.h"
 #include "vela7/scrollbar.h"
 #include "vela7/wxtooltip.h"
@@ -158,13 +158,6 @@ private:
         ISysWindow* window = nullptr;
         std::unique_ptr<Recorder> heard;
     };
-    struct Ear : CSubscriber<IScrollBarNotify>, CSubscriber<IMenuNotify>
-    {
-        explicit Ear(Scene& of) : scene(of) {}
-        void OnScroll(CScrollEvent*) override { scene.Spring(); }
-        void OnMenuCommand(CMenuEvent*) override { scene.Spring(); }
-        Scene& scene;
-    };
     void Watch(Thing thing, wxWindow* watched);
     void Watch(Thing thing, ISysWindow* watched);
     void Hold(CHandle<ICustomControl> made, Thing as = theControl);
@@ -173,9 +166,8 @@ private:
 
     const Cell* m_cell = nullptr;
     std::array<Watched, thingCount> m_watched;
-    std::unique_ptr<Recorder> m_first, m_second;
-    std::unique_ptr<EditRecorder> m_edits;
-    Ear m_ear{*this};
+    std::unique_ptr<Recorder> m_first, m_second; // of the window
+    std::unique_ptr<Recorder> m_ear;             // of the control, the menu
 };
 
 template <class Event>

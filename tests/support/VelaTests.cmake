@@ -1,6 +1,6 @@
 # vela7_add_gui_test(NAME SOURCES ... [LIBS ...] [HEADLESS ...])
 #   A GoogleTest program that runs inside a wx application, on a display of its own. HEADLESS holds options of
-#   the launcher, such as -w none or -d 144.
+#   the launcher, such as -s 1600x1200x24.
 # vela7_add_test(NAME SOURCES ... [LIBS ...])
 #   A GoogleTest program that gets by without wx and without a display.
 # Both are one test of ctest, with the variables of the list VELA7_TEST_ENV in its environment.

@@ -22,10 +22,6 @@ void RecordFault(Fault kind, std::string text);
 // Hands out and forgets what was recorded, oldest first.
 std::vector<std::string> TakeFaults(Fault kind);
 std::vector<std::string> TakeAllFaults();
-inline std::vector<std::string> TakeAsserts()
-{
-    return TakeFaults(Fault::wxAssert);
-}
 inline std::vector<std::string> TakeCriticals()
 {
     return TakeFaults(Fault::glibMessage);

@@ -6,9 +6,6 @@
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 #include <set>
-#include <wx/eventfilter.h>
-#include <wx/stopwatch.h>
-#include <wx/utils.h>
 #include <wx/wx.h>
 
 namespace vela7::test {
@@ -16,30 +13,6 @@ namespace {
 
 std::set<int> heldButtons;
 std::set<unsigned long> heldKeys;
-
-class MotionSeen : public wxEventFilter
-{
-public:
-    explicit MotionSeen(wxPoint target) : m_target(target) { wxEvtHandler::AddFilter(this); }
-    ~MotionSeen() override { wxEvtHandler::RemoveFilter(this); }
-    int FilterEvent(wxEvent& event) override
-    {
-        const auto* const window = dynamic_cast<wxWindow*>(event.GetEventObject());
-        if (event.GetEventType() == wxEVT_MOTION && window)
-            m_seen = window->ClientToScreen(static_cast<wxMouseEvent&>(event).GetPosition()) == m_target;
-        return Event_Skip;
-    }
-    bool SeenWithin(long ms) const
-    {
-        for (const wxStopWatch clock; !m_seen && clock.Time() < ms;)
-            Turn();
-        return m_seen;
-    }
-
-private:
-    wxPoint m_target;
-    bool m_seen = false;
-};
 
 void SetButton(int button, bool down)
 {
@@ -62,25 +35,10 @@ void SetDoubleClickTime(int ms)
 
 } // namespace
 
-bool MoveTo(const wxWindow* window, int x, int y, const char* file, int line)
+void PointAt(const wxWindow* window, int x, int y)
 {
     const wxPoint target = window->ClientToScreen(wxPoint(x, y));
-    if (wxGetMousePosition() == target)
-        return true;
-    const MotionSeen motion(target);
-    // GTK 3 takes motion from the frame clock and may lose one for good; only then is it repeated.
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        if (attempt > 0)
-            MovePointer(target.x + 1, target.y);
-        MovePointer(target.x, target.y);
-        if (motion.SeenWithin(200)) {
-            Settle();
-            return true;
-        }
-    }
-    ADD_FAILURE_AT(file, line) << "no window saw the pointer at " << x << ',' << y << " of '"
-                               << window->GetName().utf8_str() << '\'';
-    return false;
+    MovePointer(target.x, target.y);
 }
 
 void MovePointer(int x, int y)

@@ -12,9 +12,8 @@ enum PointerButton
     rightButton = 3
 };
 
-// Moves the pointer to a client position of the window and waits until wx has seen it there.
-bool MoveTo(const wxWindow* window, int x, int y, const char* file = __builtin_FILE(),
-            int line = __builtin_LINE());
+// Moves the pointer to a client position of the window.
+void PointAt(const wxWindow* window, int x, int y);
 // Moves it to a screen position, where nobody needs to notice.
 void MovePointer(int x, int y);
 
@@ -32,18 +31,6 @@ void WheelDown();
 void KeyDown(unsigned long keysym);
 void KeyUp(unsigned long keysym);
 void Tap(unsigned long keysym);
-
-class HeldKey
-{
-public:
-    explicit HeldKey(unsigned long keysym) : m_keysym(keysym) { KeyDown(keysym); }
-    ~HeldKey() { KeyUp(m_keysym); }
-    HeldKey(const HeldKey&) = delete;
-    HeldKey& operator=(const HeldKey&) = delete;
-
-private:
-    unsigned long m_keysym;
-};
 
 // Lets go of every button and key that is still down.
 void ReleaseAll();

@@ -8,7 +8,8 @@ namespace vela7::test {
 
 struct ProgramResult
 {
-    int exitCode = -1; // 128 + n when signal n ended it; -1 when it was not started or not over in time
+    int exitCode = -1; // 128 + n when signal n ended it; 127 when there is no such program; -1 when it was
+                       // not over in time
     std::string output;
 };
 

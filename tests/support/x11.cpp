@@ -29,20 +29,6 @@ Atom Name(const char* name)
     return XInternAtom(Server(), name, False);
 }
 
-bool HasWindowManager()
-{
-    Atom type = None;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(Server(), Root(), Name("_NET_SUPPORTING_WM_CHECK"), 0, 1, False, AnyPropertyType,
-                       &type, &format, &count, &rest, &data);
-    if (data)
-        XFree(data);
-    return type != None;
-}
-
 Window CreateProbe()
 {
     const Window probe = XCreateSimpleWindow(Server(), Root(), 0, 0, 1, 1, 0, 0, 0);
@@ -77,9 +63,6 @@ bool Key(unsigned long keysym, bool down)
 bool SyncWithWindowManager()
 {
     using Clock = std::chrono::steady_clock;
-    static const bool present = HasWindowManager();
-    if (!present)
-        return true;
     // Any request that a manager answers would do; this one is answered for windows that are never shown, by
     // one property among others.
     static const Window probe = CreateProbe();

@@ -12,7 +12,7 @@ void Button(int number, bool down);        // 1 left, 2 middle, 3 right, 4 and 5
 bool Key(unsigned long keysym, bool down); // false when the keyboard has no such key
 
 // A round trip through the window manager, which has then dealt with all earlier input (it holds each press
-// back until it has seen it) and all earlier window requests. True at once when none runs.
+// back until it has seen it) and all earlier window requests.
 bool SyncWithWindowManager();
 
 // The screen, row by row, as 0xRRGGBB; empty when the area is not wholly on the screen.

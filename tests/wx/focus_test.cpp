@@ -1,11 +1,8 @@
 // Focus: Tab through toolkit windows and native controls, clicks, the parent's share, what is reported of it.
 #include "windowhelpers.h"
 
-#include "vela7/wxcustomcontrol.h"
-
 #include <gdk/gdkkeysyms.h>
 #include <stdexcept>
-#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/textctrl.h>
 
@@ -54,86 +51,22 @@ protected:
 
 TEST_F(Walk, BothWaysInOrder)
 {
+    int below = 0; // of the keys that have navigated
+    stations[2]->Bind(wxEVT_KEY_DOWN, [&](wxKeyEvent& e) { below += e.GetKeyCode() == WXK_TAB; });
     heard->Hear<IFocusNotify, ITabTraversalNotify>();
     stations[0]->SetFocus();
     EXPECT_EQ("123012", Tabs(6, false));
-    EXPECT_EQ((Lines{"focus", "unfocus", "focus"}), heard->Take());
+    EXPECT_EQ("focus unfocus focus", heard->TakeNames());
     EXPECT_EQ("103210", Tabs(6, true));
-    EXPECT_EQ((Lines{"unfocus", "focus", "unfocus"}), heard->Take());
+    EXPECT_EQ("unfocus focus unfocus", heard->TakeNames());
+    EXPECT_EQ(0, below);
 }
 
-TEST_F(Walk, StaysWhereNavigationIsRefused)
+TEST_F(WindowTest, ChildrenReportTheirFocus)
 {
-    heard->Hear<IKeyboardNotify, ITabTraversalNotify>();
-    heard->Do([this](CEvent& event) {
-        const bool isChar = heard->Count("char") > 0;
-        event.passOn = !isChar; // else GTK moves the focus by itself
-        static_cast<CKeyboardEvent&>(event).allowNavigation = false;
-    });
-    stations[2]->SetFocus();
-    EXPECT_EQ("2222", Tabs(2, false) + Tabs(2, true));
-    heard->Do({});
-    EXPECT_EQ("3", Tabs(1, false));
-    EXPECT_EQ(0, heard->Count("tab")) << "refused, then gone elsewhere";
-}
-
-class Focus : public WindowTest
-{
-protected:
-    void SetUp() override
-    {
-        ASSERT_NO_FATAL_FAILURE(WindowTest::SetUp());
-        heard = std::make_unique<Recorder>(window);
-        inside = new wxTextCtrl(native, wxID_ANY, "", wxPoint(100, 0), wxSize(80, 40));
-        ISysWindow* const child = window->CreateChild(ISysWindow::wtNormal);
-        child->SetWindowRect(0, 50, 80, 90, false);
-        deeper = new wxTextCtrl(Native(child), wxID_ANY);
-        outside = new wxTextCtrl(panel, wxID_ANY, "", wxPoint(20, 150));
-        outside->SetFocus();
-        Settle();
-        heard->Hear<IFocusNotify, ITabTraversalNotify>();
-    }
-    std::unique_ptr<Recorder> heard;
-    wxWindow *inside = nullptr, *deeper = nullptr, *outside = nullptr;
-};
-
-TEST_F(Focus, TabStopsGoRoundWhenNavigationLeadsNowhere)
-{
-    auto* const second = new wxTextCtrl(native, wxID_ANY, "", wxPoint(100, 50), wxSize(80, 40));
-    const auto a = CreateCustomControl(inside, window, false), b = CreateCustomControl(second, window, false);
-    for (ICustomControl* const stop : {a.Get(), b.Get(), a.Get()}) // each once
-        window->AddTabStop(stop);
-    outside->Hide();
-    for (const bool backward : {false, true}) {
-        window->SetFocus();
-        if (backward)
-            KeyDown(GDK_KEY_Shift_L);
-        Tap(GDK_KEY_Tab);
-        ReleaseAll();
-        EXPECT_TRUE((backward ? second : inside)->HasFocus()) << backward;
-    }
-    EXPECT_EQ(2, heard->Count("tab"));
-}
-
-TEST_F(Focus, ClicksAndChildren)
-{
-    // Programmatic focus names the one it goes to, a click does not: the child is then like a stranger.
-    const std::tuple<wxWindow*, bool, Lines> steps[] = {
-        {native, true, {"focus"}}, {native, true, {}},          {inside, false, {}},
-        {native, true, {"focus"}}, {inside, true, {"unfocus"}}, {outside, false, {}},
-    };
-    for (const auto& [target, click, expected] : steps) {
-        PointAt(target, 10, 10);
-        click ? Click() : target->SetFocus();
-        Settle();
-        EXPECT_TRUE(target->HasFocus());
-        EXPECT_EQ(target != outside, window->GetFocused());
-        EXPECT_EQ(expected, heard->Take());
-    }
-}
-
-TEST_F(Focus, ChildrenReportTheirs)
-{
+    heard->Hear<IFocusNotify>();
+    wxWindow* const inside = new wxPanel(native);
+    wxWindow* const deeper = new wxPanel(Native(window->CreateChild(ISysWindow::wtNormal)));
     const std::pair<wxWindow*, bool> rows[] = {
         {nullptr, true}, {native, false}, {inside, false}, {deeper, true}, {panel, true}};
     IChildFocusNotify& notify = window->GetChildFocusNotify();
@@ -145,59 +78,10 @@ TEST_F(Focus, ChildrenReportTheirs)
     };
     for (const auto& [other, external] : rows) {
         tell(other);
-        EXPECT_EQ(external ? (Lines{"focus", "unfocus"}) : Lines{}, heard->Take());
+        EXPECT_EQ(external ? "focus unfocus" : "", heard->TakeNames());
     }
     // The control goes on using its event, whatever a listener does.
     heard->Do([](CEvent&) { throw std::runtime_error("no focus wanted"); });
-    tell(outside);
+    tell(panel);
     ExpectFaults(Fault::loop, 2, "no focus wanted");
-}
-
-// The main loop, taken away for a moment.
-struct MainLoop : wxApp
-{
-    static wxEventLoopBase*& Of(wxAppConsole& app) { return app.*(&MainLoop::m_mainLoop); }
-};
-
-TEST_F(Focus, NavigationWaitsForTheMainLoop)
-{
-    heard->Hear<IKeyboardNotify>();
-    CountBelow(wxEVT_NAVIGATION_KEY);
-    const auto navigate = [&] {
-        wxNavigationKeyEvent event;
-        event.SetDirection(false);
-        event.SetWindowChange(true);
-        native->HandleWindowEvent(event);
-        return heard->Take();
-    };
-    wxEventLoopBase*& loop = MainLoop::Of(*wxTheApp);
-    wxEventLoopBase* const parked = std::exchange(loop, nullptr);
-    EXPECT_EQ(Lines{}, navigate());
-    EXPECT_EQ(0, below) << "consumed";
-    loop = parked;
-    heard->Do([](CEvent& e) { e.passOn = false; });
-    EXPECT_EQ(Lines{"keydown 9 state 0x100 char 0"}, navigate());
-    EXPECT_EQ(1, below);
-}
-
-TEST_F(GuiTest, FillingWindowFollowsItsParent)
-{
-    auto* const parent = new wxWindow(frame, wxID_ANY, wxPoint(0, 0), wxSize(200, 100));
-    int seen = 0;
-    const auto count = [&](wxEvent& event) { ++seen, event.Skip(); };
-    parent->Bind(wxEVT_SIZE, count);
-    parent->Bind(wxEVT_SET_FOCUS, count);
-    auto* const window = new CwxSysWindow(parent, false, ISysWindow::wtNormal);
-    Recorder heard(window);
-    heard.Hear<IWindowNotify>();
-    Settle();
-    seen = 0;
-    heard.Take();
-    parent->SetSize(310, 120);
-    Settle();
-    EXPECT_EQ(Lines{"resize 310,120"}, heard.Take());
-    parent->SetFocus();
-    Settle();
-    EXPECT_TRUE(Native(window)->HasFocus());
-    EXPECT_EQ(0, seen) << "both end at the toolkit's handler";
 }

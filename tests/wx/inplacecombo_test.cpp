@@ -31,9 +31,9 @@ TEST_P(InplaceCombo, PositionItemsAndText)
     combo->SetPos(20, 20, 100, 27); // 7 high
     combo->SetPos(10, 10, 150, 40); // where it is
     EXPECT_EQ(0, sizes);
-    combo->SetPos(20, 20, 100, 50);
+    combo->SetPos(20, 20, 100, 28);
     EXPECT_EQ(1, sizes);
-    EXPECT_EQ(rectangle<int>(20, 20, 100, 50), combo->GetPos());
+    EXPECT_EQ(rectangle<int>(20, 20, 100, 28), combo->GetPos());
 
     combo->SetString("ONE", 0);
     combo->DeleteString(1);
@@ -73,19 +73,14 @@ TEST_P(InplaceCombo, OnlyChoosing)
 
 TEST_P(InplaceCombo, ChoosingIsReported)
 {
-    EditRecorder heard(*combo);
+    edits->Take();
     PointAt(control, 130, 15); // the button
     Click();
     ASSERT_TRUE(WaitFor([] { return gtk_grab_get_current() != nullptr; }, "an open list"));
     Tap(GDK_KEY_Down);
     Tap(GDK_KEY_Return);
     ASSERT_TRUE(WaitFor([&] { return combo->GetCurrentItem() >= 0 && !gtk_grab_get_current(); }, "a choice"));
-    EXPECT_THAT(heard.Take(), testing::Contains("item " + std::to_string(combo->GetCurrentItem())).Times(1));
-
-    wxCommandEvent chosen(wxEVT_COMBOBOX);
-    chosen.SetInt(2);
-    EXPECT_TRUE(control->HandleWindowEvent(chosen)); // ends here
-    EXPECT_EQ(Lines{"item 2"}, heard.Take());
+    EXPECT_THAT(edits->Take(), testing::Contains("item " + std::to_string(combo->GetCurrentItem())).Times(1));
 }
 
 TEST_P(InplaceCombo, ShowDropDownShowsNothing)
@@ -94,10 +89,7 @@ TEST_P(InplaceCombo, ShowDropDownShowsNothing)
     control->Bind(wxEVT_COMBOBOX_DROPDOWN, [&](wxCommandEvent&) { ++shown; });
     CPopupTimer& timer = CPopupTimer::Get();
     combo->ShowDropDown(true);
-    combo->ShowDropDown(true);
     EXPECT_TRUE(timer.IsRunning() && timer.GetInterval() == 50);
-    EXPECT_TRUE(WaitFor([&] { return !timer.IsRunning(); }, "the timer's only tick"));
-    combo->ShowDropDown(true);
     text.Reset();
     EXPECT_TRUE(WaitFor([&] { return !timer.IsRunning(); }, "the timer's only tick"));
     EXPECT_EQ(0, shown);

@@ -16,40 +16,39 @@ INSTANTIATE_TEST_SUITE_P(, EditAndCombo, testing::Bool(),
 TEST_P(EditAndCombo, KeysReachListenersTextAndParent)
 {
     constexpr unsigned long shift = GDK_KEY_Shift_L;
+    const Lines tab{"keydown 9 state 0x0 char 0"}, back{"keydown 9 state 0x100 char 0"};
     // clang-format off
     const struct { unsigned long held, key; Lines heard, parent; const char* text; } rows[] = {
-        {0,     GDK_KEY_a,         {"keydown 65 0x0 65", "char 97 0x0 97", "text a"},      {}, "a"},
-        {shift, GDK_KEY_b,         {"keydown 66 0x100 66", "char 66 0x100 66", "text aB"}, {}, "aB"},
-        {0,     GDK_KEY_Return,    {"keydown 13 0x0 13", "char 13 0x0 13", "enter"},       {}, "aB"},
-        {0,     GDK_KEY_Escape,    {"keydown 27 0x0 27", "char 27 0x0 27"},                {}, "aB"},
-        {0,     GDK_KEY_Tab,       {"keydown 9 0x0 9"},   {"keydown 9 state 0x0 char 0"},      "aB"},
-        {shift, GDK_KEY_Tab,       {"keydown 9 0x100 9"}, {"keydown 9 state 0x100 char 0"},    "aB"},
+        {0,     GDK_KEY_a,      {"keydown 65 state 0x0 char 65", "char 97 state 0x0 char 97", "text a"},      {}, "a"},
+        {shift, GDK_KEY_b,      {"keydown 66 state 0x100 char 66", "char 66 state 0x100 char 66", "text aB"}, {}, "aB"},
+        {0,     GDK_KEY_Return, {"keydown 13 state 0x0 char 13", "char 13 state 0x0 char 13", "enter"},       {}, "aB"},
+        {0,     GDK_KEY_Tab,    {"keydown 9 state 0x0 char 9"},   tab,  "aB"},
+        {shift, GDK_KEY_Tab,    {"keydown 9 state 0x100 char 9"}, back, "aB"},
     };
     // clang-format on
-    EditRecorder heard(*text);
-    Recorder parent(window);
-    parent.Hear<IKeyboardNotify>();
-    parent.Do([](CEvent& e) { static_cast<CKeyboardEvent&>(e).allowNavigation = false; });
+    heard->Hear<IKeyboardNotify>();
+    heard->Do([](CEvent& e) { static_cast<CKeyboardEvent&>(e).allowNavigation = false; });
     for (const auto& row : rows) {
         if (row.held)
             KeyDown(row.held);
-        heard.Take();
+        edits->Take();
         Tap(row.key);
-        EXPECT_EQ(row.heard, heard.Take());
-        EXPECT_EQ(row.parent, parent.Take());
+        EXPECT_EQ(row.heard, edits->Take());
+        EXPECT_EQ(row.parent, heard->Take());
         EXPECT_EQ(row.text, text->GetText());
+        EXPECT_TRUE(text->GetFocused());
         ReleaseAll();
     }
-    wxKeyEvent tab(wxEVT_CHAR);
-    tab.m_keyCode = WXK_TAB;
-    heard.Take();
-    EXPECT_TRUE(control->HandleWindowEvent(tab)); // consumed
-    EXPECT_EQ(Lines{"char 9 0x0 9"}, heard.Take());
-    heard.DoIn("keydown", [](CEvent* e) { // reaches the parent nevertheless, which has nowhere else to go
-        e->passOn = static_cast<CEditKeyEvent*>(e)->defaultProcessing() = false;
-        static_cast<CEditKeyEvent*>(e)->skip = false;
+    wxKeyEvent typed(wxEVT_CHAR);
+    typed.m_keyCode = WXK_TAB;
+    edits->Take();
+    EXPECT_TRUE(control->HandleWindowEvent(typed)); // consumed
+    EXPECT_EQ("char", edits->TakeNames());
+    edits->DoIn("keydown", [](CEvent& e) { // reaches the parent nevertheless, which has nowhere else to go
+        e.passOn = static_cast<CEditKeyEvent&>(e).defaultProcessing() = false;
+        static_cast<CEditKeyEvent&>(e).skip = false;
     });
-    parent.Do({});
+    heard->Do({});
     Tap(GDK_KEY_Tab);
     EXPECT_TRUE(native->HasFocus());
 }
@@ -59,22 +58,25 @@ TEST_P(EditAndCombo, ThreeFlagsOfAKey)
     // What the listener behind hears, and what is typed.
     // clang-format off
     const struct { const char* hook; bool passOn, processing, skip; const char *second, *text; } rows[] = {
-        {"keydown", true,  true,  true,  "keydown char text", "x"},
+        {"none",    true,  true,  true,  "keydown char text", "x"},
         {"keydown", false, true,  true,  "char text",         "x"},
-        {"keydown", true,  false, true,  "keydown",           ""},
-        {"keydown", true,  true,  false, "keydown",           ""},
+        {"keydown", false, false, true,  "",                  ""},
+        {"keydown", false, true,  false, "",                  ""},
         {"char",    false, true,  true,  "keydown text",      "x"},
-        {"char",    true,  false, true,  "keydown char",      ""},
-        {"char",    true,  true,  false, "keydown char",      ""},
+        {"char",    false, false, true,  "keydown",           ""},
+        {"char",    false, true,  false, "keydown",           ""},
     };
     // clang-format on
+    Recorder second(text.Get());
+    second.HearAll();
     for (const auto& row : rows) {
+        edits->Do({});
         text->SetText("");
-        EditRecorder first(*text), second(*text);
-        first.DoIn(row.hook, [&](CEvent* e) {
-            e->passOn = row.passOn;
-            static_cast<CEditKeyEvent*>(e)->defaultProcessing() = row.processing;
-            static_cast<CEditKeyEvent*>(e)->skip = row.skip;
+        second.Take();
+        edits->DoIn(row.hook, [&](CEvent& e) {
+            e.passOn = row.passOn;
+            static_cast<CEditKeyEvent&>(e).defaultProcessing() = row.processing;
+            static_cast<CEditKeyEvent&>(e).skip = row.skip;
         });
         Tap(GDK_KEY_x);
         EXPECT_EQ(row.text, text->GetText()) << row.hook;
@@ -84,84 +86,89 @@ TEST_P(EditAndCombo, ThreeFlagsOfAKey)
 
 TEST_P(EditAndCombo, RewritingTheTextAndThrowing)
 {
-    EditRecorder heard(*text);
-    heard.DoIn("text", [&](CEvent*) {
+    edits->DoIn("text", [&](CEvent&) {
         if (text->GetText() != "other")
             text->SetText("other");
     });
     Tap(GDK_KEY_a);
     EXPECT_EQ("other", text->GetText());
-    EXPECT_EQ(GetParam() ? "keydown char text text" : "keydown char text", heard.TakeNames());
-    heard.DoIn("text", [&](CEvent*) { throw std::runtime_error("a listener's"); });
+    EXPECT_EQ(GetParam() ? "keydown char text text" : "keydown char text", edits->TakeNames());
+    edits->DoIn("text", [&](CEvent&) { throw std::runtime_error("a listener's"); });
     Tap(GDK_KEY_b);
     ExpectFaults(Fault::loop, 1, "a listener's");
-    heard.DoIn("", {});
-    heard.Take();
+    edits->Do({});
+    edits->Take();
     text->SetText("reported again");
-    EXPECT_EQ(Lines{"text reported again"}, heard.Take());
+    EXPECT_EQ(Lines{"text reported again"}, edits->Take());
 }
 
-TEST_P(EditAndCombo, MouseAndContextMenu)
+TEST_P(EditAndCombo, MotionGoesOnToTheWindow)
 {
-    EditRecorder heard(*text);
-    Recorder parent(window);
-    parent.Hear<IMouseNotify, IContextMenuNotify>();
-    const auto motions = [&](int x) {
-        parent.Take();
-        PointAt(control, x, 12);
-        return parent.Count("motion");
-    };
-    motions(20);
-    EXPECT_EQ(1, motions(21));
-    Press();
-    EXPECT_EQ(0, motions(22));
-    Release();
-    wxTheApp->SetActive(false, nullptr);
-    EXPECT_EQ(0, motions(24));
+    heard->Hear<IMouseNotify>();
+    for (const bool active : {true, false}) {
+        wxTheApp->SetActive(active, nullptr);
+        PointAt(control, 20, 12);
+        heard->Take();
+        PointAt(control, 21, 12);
+        EXPECT_EQ(active ? 1 : 0, heard->Count("motion"));
+    }
     wxTheApp->SetActive(true, nullptr);
-    wxMouseEvent motion(wxEVT_MOTION);
-    motion.SetPosition(wxPoint(5, 6));
-    EXPECT_FALSE(control->HandleWindowEvent(motion)); // the control's own business too
-    EXPECT_EQ(Lines{"motion 15,16 button 0 state 0x0"}, parent.Take());
-    Click(rightButton);
-    EXPECT_EQ("menu", heard.TakeNames());
-    wxContextMenuEvent asked(wxEVT_CONTEXT_MENU, wxID_ANY, control->ClientToScreen(wxPoint(3, -30)));
-    EXPECT_TRUE(control->HandleWindowEvent(asked));
-    EXPECT_EQ(Lines{"menu 3,-30"}, heard.Take());
-    wxContextMenuEvent left(wxEVT_CONTEXT_MENU, wxID_ANY, wxPoint(-1, 400)); // of the screen; not by a key
-    EXPECT_TRUE(control->HandleWindowEvent(left));
-    const wxPoint client = control->ScreenToClient(wxPoint(-1, 400));
-    EXPECT_EQ(Lines{"menu " + At(client.x, client.y)}, heard.Take());
+    for (const auto press :
+         {&wxMouseState::SetLeftDown, &wxMouseState::SetMiddleDown, &wxMouseState::SetRightDown,
+          &wxMouseState::SetAux1Down, &wxMouseState::SetAux2Down})
+        for (const bool down : {true, false}) {
+            wxMouseEvent motion(wxEVT_MOTION);
+            motion.SetPosition(wxPoint(5, 6));
+            (motion.*press)(down);
+            heard->Take();
+            EXPECT_FALSE(control->HandleWindowEvent(motion)); // the control's own business too
+            EXPECT_EQ(down ? Lines{} : Lines{"motion 15,16 button 0 state 0x0"}, heard->Take());
+        }
+}
+
+TEST_P(EditAndCombo, ContextMenuIsTheListeners)
+{
+    heard->Hear<IContextMenuNotify>();
+    const auto ask = [&](const wxPoint& screen) {
+        wxContextMenuEvent event(wxEVT_CONTEXT_MENU, wxID_ANY, screen);
+        EXPECT_TRUE(control->HandleWindowEvent(event));
+        return edits->Take();
+    };
+    EXPECT_EQ(Lines{"menu 3,-30"}, ask(control->ClientToScreen(wxPoint(3, -30))));
+    for (const wxPoint& edge : {wxPoint(-1, 400), wxPoint(400, -1)}) { // of the screen; not by a key
+        const wxPoint client = control->ScreenToClient(edge);
+        EXPECT_EQ(Lines{"menu " + At(client.x, client.y)}, ask(edge));
+    }
     PointAt(control, -5, 22); // on the parent
     Tap(GDK_KEY_Menu);
-    EXPECT_EQ("menu -5,22", heard.Take().back());
+    EXPECT_EQ("menu -5,22", edits->Take().back());
+    PointAt(control, 20, 12);
+    Click(rightButton);
+    EXPECT_EQ("menu", edits->TakeNames());
     EXPECT_EQ(nullptr, gtk_grab_get_current());
-    EXPECT_EQ(0, parent.Count("menu"));
+    EXPECT_EQ(Lines{}, heard->Take());
 }
 
 TEST_P(EditAndCombo, FocusGoesToSignalsThenToTheWindow)
 {
-    EditRecorder heard(*text);
-    heard.HearFocus();
-    Recorder parent(window);
-    parent.Hear<IFocusNotify>();
     Lines order;
-    parent.Do([&](CEvent&) { order.push_back(heard.TakeNames() + " window"); });
+    text->focus_in_signal.connect([&](ICustomControl*) { order.push_back("in"); });
+    text->focus_out_signal.connect([&](ICustomControl*) { order.push_back("out"); });
+    heard->Hear<IFocusNotify>();
+    heard->Do([&](CEvent&) { order.push_back("window"); });
     auto* const other = new wxTextCtrl(frame, wxID_ANY, "", wxPoint(20, 250));
     other->SetFocus();
-    EXPECT_EQ(Lines{"out window"}, std::exchange(order, {}));
-    text->SetFocus();
-    EXPECT_EQ(Lines{"in window"}, std::exchange(order, {}));
-    parent.Take();
-    native->SetFocus(); // not lost to the window
-    EXPECT_EQ(Lines{"focus"}, parent.Take());
-    heard.Take(), order.clear();
+    EXPECT_EQ((Lines{"out", "window"}), std::exchange(order, {}));
     text->SetFocusEx();
     EXPECT_TRUE(text->GetFocused());
-    EXPECT_TRUE(order.empty() && heard.TakeNames().empty());
+    EXPECT_EQ(Lines{}, order);
     other->SetFocus(); // no longer within SetFocusEx
-    EXPECT_EQ(Lines{"out window"}, order);
-    text->focus_out_signal.disconnect_all();
+    text->SetFocus();
+    EXPECT_EQ((Lines{"out", "window", "in", "window"}), order);
+    heard->Take();
+    native->SetFocus(); // not lost to the window
+    EXPECT_EQ(Lines{"focus"}, heard->Take());
+    text->focus_out_signal.disconnect_all(), heard->Forget();
 }
 
 TEST_F(WindowTest, EditOperations)
@@ -175,7 +182,9 @@ TEST_F(WindowTest, EditOperations)
         text->SetVisible(framed);
         EXPECT_EQ(framed, control->IsShownOnScreen());
     }
-    text->SetVisible(true);
+    control->SetForegroundColour(*wxRED);
+    text->SetVisible(true); // with the system's colours
+    EXPECT_NE(*wxRED, control->GetForegroundColour());
     text->SetFocus();
     text->SetText("one two");
     text->SelectAll();

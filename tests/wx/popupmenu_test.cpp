@@ -13,22 +13,7 @@ constexpr auto byPlace = IPopupMenu::ptPosition;
 constexpr auto byCommand = IPopupMenu::ptCommand;
 using Menu = CHandle<IPopupMenu>;
 
-struct Listener : CSubscriber<IMenuNotify>
-{
-    void OnMenuCommand(CMenuEvent* e) override
-    {
-        EXPECT_TRUE(e->passOn && e->sender == sender);
-        heard->push_back(name + std::to_string(e->id));
-        if (action)
-            action();
-    }
-    IEventSender* sender = nullptr;
-    std::string name;
-    Lines* heard = nullptr;
-    std::function<void()> action;
-};
-
-// The tree of menus, each with somebody to hear it.
+// The tree of menus, each with somebody to hear it: "302" of the top one, ">302" of the one in it.
 class Menus : public WindowTest
 {
 protected:
@@ -39,10 +24,12 @@ protected:
         menus = tree->menus, items = tree->items;
         toDeep = tree->toDeep, toDeeper = tree->toDeeper;
         for (const int i : {0, 1, 2}) {
-            listeners[i].sender = menus[i].Get();
-            listeners[i].name = std::string(std::size_t(i), '>');
-            listeners[i].heard = &heard;
-            Subscribe<IMenuNotify>(*menus[i], &listeners[i]);
+            listeners[i] = std::make_unique<Recorder>(menus[i].Get());
+            listeners[i]->HearAll();
+            listeners[i]->Do([this, i](CEvent& e) {
+                heard.push_back(std::string(std::size_t(i), '>') +
+                                std::to_string(static_cast<CMenuEvent&>(e).id));
+            });
         }
     }
     int Execute(MenuItems path) { return tree->Execute(std::move(path)); }
@@ -50,7 +37,7 @@ protected:
     std::unique_ptr<MenuTree> tree;
     Menu* menus = nullptr;
     wxMenuItem **items = nullptr, *toDeep = nullptr, *toDeeper = nullptr;
-    Listener listeners[3];
+    std::unique_ptr<Recorder> listeners[3];
     Lines heard;
 };
 
@@ -152,9 +139,9 @@ TEST_F(Menus, HalvesDieInEitherOrder)
     EXPECT_EQ((Lines{">302", "302"}), std::exchange(heard, {}));
     // A command that no menu on the screen stands behind, and its listener ends the menu.
     wxCommandEvent command(wxEVT_MENU, 77);
-    listeners[0].action = [this] { menus[0] = nullptr; };
+    listeners[0]->Do([this](CEvent&) { menus[0] = nullptr; });
     toDeep->GetMenu()->ProcessEvent(command);
-    EXPECT_EQ((Lines{"77"}), heard);
+    EXPECT_EQ("command 77", listeners[0]->Take().back());
     menus[1]->InsertItem("too late", 1, -1);
     EXPECT_EQ(0, menus[1]->GetItemCount());
     EXPECT_EQ(-1, menus[1]->Execute(0, 0));

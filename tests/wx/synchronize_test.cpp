@@ -16,17 +16,13 @@ using Action = std::function<void()>;
 class Work : public IRunnable
 {
 public:
-    Work(std::string& f, bool dynamic, Action action = {}) : m_fate(f), m_dynamic(dynamic), m_action(action)
+    Work(
+        std::string& f, bool dynamic, Action action = [] {})
+        : m_fate(f), m_dynamic(dynamic), m_action(action)
     {
     }
     ~Work() override { Note('d'); }
-    bool Run() override
-    {
-        Note('r');
-        if (m_action)
-            m_action();
-        return true; // asks for more, in vain
-    }
+    bool Run() override { return Note('r'), m_action(), true; } // asks for more, in vain
     bool IsDynamicRunnable() const override { return m_dynamic; }
 
 private:
@@ -37,20 +33,11 @@ private:
     const Action m_action;
 };
 
-} // namespace
-
 class Synchronize : public WindowTest
 {
-protected:
-    // From another thread.
-    void Queue(const std::vector<IRunnable*>& runnables)
-    {
-        std::thread([&] {
-            for (IRunnable* runnable : runnables)
-                window->Synchronize(runnable);
-        }).join();
-    }
 };
+
+} // namespace
 
 TEST_F(Synchronize, FromEightThreads)
 {
@@ -58,19 +45,17 @@ TEST_F(Synchronize, FromEightThreads)
     std::vector<std::string> fates(threads * each);
     std::vector<int> next(threads);
     int done = 0, outOfOrder = 0;
-    const auto number = [&](int thread, int i) {
-        return [&, thread, i] { ++done, outOfOrder += next[thread]++ != i; };
+    const auto number = [&](int at) {
+        return [&, at] { ++done, outOfOrder += next[at / each]++ != at % each; };
     };
     std::deque<Work> fixed;
     for (int at = 0; at < threads * each; at += 2)
-        fixed.emplace_back(fates[at], false, number(at / each, at % each));
+        fixed.emplace_back(fates[at], false, number(at));
     std::vector<std::thread> running;
     for (int t = 0; t < threads; ++t)
         running.emplace_back([&, t] {
-            for (int i = 0; i < each; ++i) {
-                const int at = t * each + i;
-                window->Synchronize(i % 2 ? new Work(fates[at], true, number(t, i)) : &fixed[at / 2]);
-            }
+            for (int at = t * each; at < (t + 1) * each; ++at)
+                window->Synchronize(at % 2 ? new Work(fates[at], true, number(at)) : &fixed[at / 2]);
         });
     WaitFor([&] { return done >= threads * each; }, "80,000 runnables", 100000);
     for (std::thread& thread : running)
@@ -83,26 +68,21 @@ TEST_F(Synchronize, FromEightThreads)
 
 TEST_F(Synchronize, WindowEndsFirst)
 {
-    const std::pair<const char*, Action> ends[] = {
-        {"destroyed", [&] { native->Destroy(); }},
-        {"deleted", [&] { delete native; }},
-        {"parent", [&] { panel->Destroy(); }},
-    };
-    for (const auto& [name, end] : ends)
-        for (const bool byRunnable : {false, true}) {
-            SCOPED_TRACE(name + std::string(byRunnable ? " by a runnable" : ""));
+    for (const bool byRunnable : {false, true})
+        for (const bool byParent : {false, true}) {
             panel = new wxPanel(frame);
             window = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
-            native = Native(window);
             std::string first, dynamic, kept, late;
             Work fixed(kept, false), tooLate(late, true);
             Recorder heard(window);
             heard.Hear<IWindowNotify>();
-            heard.DoIn("destroy", [&](CEvent&) { Queue({&tooLate}); });
+            heard.DoIn("destroy", [&](CEvent&) { window->Synchronize(&tooLate); });
             const CLifeWatch life = window->WatchLife();
-            Queue({new Work(first, true, byRunnable ? end : Action()), new Work(dynamic, true), &fixed});
-            if (!byRunnable)
-                end();
+            const Action end = [&] { byParent ? panel->Destroy() : Native(window)->Destroy(); };
+            window->Synchronize(new Work(first, true, byRunnable ? end : Action([] {})));
+            window->Synchronize(new Work(dynamic, true));
+            window->Synchronize(&fixed);
+            byRunnable ? void() : end();
             EXPECT_EQ(byRunnable, life.IsAlive());
             Settle();
             EXPECT_FALSE(life.IsAlive());
@@ -115,11 +95,10 @@ TEST_F(Synchronize, WindowEndsFirst)
 TEST_F(Synchronize, ThrowingRunnable)
 {
     std::string thrower, next;
-    const auto fail = [] { throw std::runtime_error("a runnable's"); };
-    Queue({new Work(thrower, true, fail), new Work(next, true)});
+    window->Synchronize(new Work(thrower, true, [] { throw std::runtime_error("a runnable's"); }));
+    window->Synchronize(new Work(next, true));
     EXPECT_EQ("", thrower);
     Settle();
     ExpectFaults(Fault::loop, 1, "a runnable's");
-    EXPECT_EQ("rd", thrower);
-    EXPECT_EQ("rd", next);
+    EXPECT_EQ("rd rd", thrower + ' ' + next);
 }

@@ -1,4 +1,5 @@
 // Worker threads and locks. Meant for the thread sanitizer as well.
+#include "basekit2/mutex.h"
 #include "support/waits.h"
 #include "vela7/system.h"
 
@@ -43,7 +44,7 @@ TEST(Runner, CallsOneRunnableUntilFalse)
 {
     const CHandle<ILock> lock = GetCurrentSystem()->CreateLock();
     int counter = 0, inside = 0; // of two threads
-    Work adding(20000, [&] { lock->Enter(), counter += ++inside, sched_yield(), --inside, lock->Leave(); });
+    Work adding(5000, [&] { lock->Enter(), counter += ++inside, sched_yield(), --inside, lock->Leave(); });
     Work single(1), ignored(1);
     std::pair<IRunner*, Work*> const started[] = {
         {Runner(), &adding}, {Runner(), &adding}, {Runner(), &single}};
@@ -100,4 +101,12 @@ TEST(Runner, IsJoinedByWorkers)
     AwaitEnd(outer);
     EXPECT_EQ(1, joining.calls);
     outer->Join();
+}
+
+TEST(Mutex, IsTakenOrNot)
+{
+    basekit2::threading::mutex_t mutex;
+    ASSERT_TRUE(mutex.try_lock());
+    EXPECT_FALSE(std::async(std::launch::async, [&] { return mutex.try_lock(); }).get());
+    mutex.unlock();
 }

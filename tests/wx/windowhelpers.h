@@ -19,14 +19,8 @@ inline wxWindow* Native(const ISysWindow* window)
     return static_cast<wxWindow*>(window->GetNativeHandle());
 }
 
-// Moves the pointer without waiting for motion: GDK turns a motion into another window into crossings only.
-inline void PointAt(const wxWindow* window, int x, int y)
-{
-    const wxPoint target = window->ClientToScreen(wxPoint(x, y));
-    MovePointer(target.x, target.y);
-}
-
-// A toolkit window at (20,10) of 200x100 on a panel that fills the frame's client area.
+// A toolkit window at (20,10) of 200x100 on a panel that fills the frame's client area, and somebody who can
+// hear it.
 class WindowTest : public GuiTest
 {
 protected:
@@ -37,24 +31,14 @@ protected:
         window = new CwxSysWindow(panel, true, ISysWindow::wtNormal);
         window->SetWindowRect(20, 10, 220, 110, false);
         native = Native(window);
+        heard = std::make_unique<Recorder>(window);
         Settle();
-    }
-
-    // Counts the events that reach the native window's own handlers, which come after the toolkit's.
-    template <class... Types>
-    void CountBelow(const Types&... types)
-    {
-        const auto count = [this](wxEvent& event) {
-            ++below;
-            event.Skip();
-        };
-        (native->Bind(types, count), ...);
     }
 
     wxPanel* panel = nullptr;
     CwxSysWindow* window = nullptr;
     wxWindow* native = nullptr;
-    int below = 0;
+    std::unique_ptr<Recorder> heard;
 };
 
 // ---- pictures; colours as 0xRRGGBB
@@ -87,12 +71,17 @@ inline CHandle<CwxRasterPicture> SamplePicture(int width, int height)
     return result;
 }
 
-inline void FillPicture(CwxRasterPicture& picture, const _color& color, const rectangle<int>& area)
+inline void Fill(IPainter& painter, const _color& color, const rectangle<int>& area,
+                 StdSettings settings = ssClear)
 {
-    IPainter& painter = *picture.TakeDefPainter();
-    const CPaintScope scope(painter);
+    const CPaintScope scope(painter, settings);
     painter.SetBrush(brush{color, bsSolid});
     painter.FillRect(area.left, area.top, area.right, area.bottom);
+}
+
+inline void FillPicture(CwxRasterPicture& picture, const _color& color, const rectangle<int>& area)
+{
+    Fill(*picture.TakeDefPainter(), color, area);
 }
 
 // The smallest with all pixels of other colours than this.

@@ -89,11 +89,9 @@ bool WaitFor(const std::function<bool()>& condition, const std::string& what)
     return test::WaitFor(condition, what);
 }
 
-// Without waiting for motion: GDK turns a motion into another window into crossings only.
 void PointAt(const ISysWindow& window, int x, int y)
 {
-    const wxPoint target = Native(window)->ClientToScreen(wxPoint(x, y));
-    test::MovePointer(target.x, target.y);
+    test::PointAt(Native(window), x, y);
 }
 
 // clang-format off
