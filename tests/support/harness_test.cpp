@@ -16,7 +16,7 @@ using Harness = GuiTest;
 TEST_F(Harness, FaultsAreRecorded)
 {
     frame->Bind(wxEVT_LEFT_DOWN, [](wxMouseEvent&) { throw std::runtime_error("thrown in a handler"); });
-    ASSERT_TRUE(MoveTo(frame, 50, 40));
+    PointAt(frame, 50, 40);
     Click();
     ExpectFaults(Fault::loop, 1, "thrown in a handler");
     frame->PopEventHandler();
