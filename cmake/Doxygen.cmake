@@ -17,12 +17,13 @@ set(DOXYGEN_WARN_AS_ERROR FAIL_ON_WARNINGS)
 set(DOXYGEN_MACRO_EXPANSION YES)
 set(DOXYGEN_EXPAND_ONLY_PREDEF YES)
 set(DOXYGEN_PREDEFINED
-    "VELA7_BASE_API=" "VELA7_WX_API=" "wxDECLARE_EVENT_TABLE()=" "wxDECLARE_DYNAMIC_CLASS(x)="
+    "VELA7_BASE_API=" "VELA7_WX_API=" "VELA7_TESTING_API=" "wxDECLARE_EVENT_TABLE()=" "wxDECLARE_DYNAMIC_CLASS(x)="
     "wxDECLARE_EXPORTED_EVENT(a,b,c)=extern const wxEventTypeTag<c> b")
 set(DOXYGEN_HAVE_DOT NO)
 set(DOXYGEN_GENERATE_LATEX NO)
 set(DOXYGEN_QUIET YES)
 set(DOXYGEN_USE_MDFILE_AS_MAINPAGE "${PROJECT_SOURCE_DIR}/docs/architecture.md")
 doxygen_add_docs(api-docs
-    "${PROJECT_SOURCE_DIR}/base/include" "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}/docs/architecture.md"
+    "${PROJECT_SOURCE_DIR}/base/include" "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}/testing/include"
+    "${PROJECT_SOURCE_DIR}/docs/architecture.md"
     COMMENT "The reference of the public headers")

@@ -1,7 +1,7 @@
 # Installation: libraries and headers, CMake packages, pkg-config files; Debian packages through CPack.
 #
-# The components of cmake --install: `runtime` and `devel`, or what they consist of, one component for each
-# Debian package (libvela7base1, libvela7base-dev, libvela7wx1, libvela7wx-dev).
+# The components of cmake --install: `runtime`, `devel` and `testing`, or what they consist of, one component for each
+# Debian package (libvela7base1, libvela7base-dev, libvela7wx1, libvela7wx-dev, libvela7testing1, libvela7testing-dev).
 
 set(VELA7_RUNTIME_COMPONENTS "")
 set(VELA7_DEVEL_COMPONENTS "")
@@ -49,5 +49,7 @@ endif()
 _install_library(vela7wx vela7 cmake/FindWx.cmake cmake/keep_linked.cpp)
 _install_together(runtime ${VELA7_RUNTIME_COMPONENTS})
 _install_together(devel ${VELA7_DEVEL_COMPONENTS})
+_install_library(vela7testing vela7testing)
+_install_together(testing libvela7testing${PROJECT_VERSION_MAJOR} libvela7testing-dev)
 
 include(cmake/Packages.cmake)

@@ -43,4 +43,8 @@ _package(libvela7wx${version} libs "libvela7base${version} ${same}"
     "wxWidgets back-end of the vela7 GUI toolkit\nToolkit controls live inside an ordinary wx application. ${wx}")
 _package(libvela7wx-dev libdevel "libvela7wx${version} ${same}, libvela7base-dev ${same}, pkg-config"
     "Headers of the wxWidgets back-end of the vela7 GUI toolkit\nFor hosts: wx applications with toolkit controls. ${wx} Name its wx-config with WX_CONFIG when you configure a host.")
+_package(libvela7testing${version} libs "libvela7base${version} ${same}"
+    "Back-end without a display of the vela7 GUI toolkit\nFor tests of toolkit controls: windows, native controls, timers and input that a test works by itself.")
+_package(libvela7testing-dev libdevel "libvela7testing${version} ${same}, libvela7base-dev ${same}"
+    "Headers of the testing library of the vela7 GUI toolkit\nFor authors of controls.")
 include(CPack)

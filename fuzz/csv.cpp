@@ -14,7 +14,8 @@ using vela7::fuzz::Demand;
 namespace {
 
 constexpr std::size_t longestQuoted = std::size_t(1) << 20;
-constexpr std::size_t judged = std::size_t(1) << 16; // the kind of line end is judged by so many bytes
+constexpr std::size_t judged = std::size_t(1) << 16;  // the kind of line end is judged by so many bytes
+constexpr std::size_t sniffed = std::size_t(1) << 20; // the separator is judged by so many
 constexpr int mostColumns = 1024;
 constexpr std::size_t mostText = 3000; // is compared: the slow way is very slow
 
@@ -59,6 +60,7 @@ SlowFile::SlowFile(const std::string& text)
     readable = begin < m_text.size();
     char separator = ',';
     std::size_t most = 0;
+    const std::string whole = std::exchange(m_text, m_text.substr(0, sniffed));
     for (const char candidate : {',', ';', '\t'}) {
         m_at = begin;
         const std::size_t cells = TakeRow(candidate).cells.size();
@@ -67,6 +69,7 @@ SlowFile::SlowFile(const std::string& text)
             separator = candidate;
         }
     }
+    m_text = whole;
     for (m_at = begin; m_at < m_text.size(); SkipBlankLines())
         rows.push_back(TakeRow(separator));
 }

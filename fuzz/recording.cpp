@@ -3,10 +3,10 @@
 
 #include "recording.h"
 
-#include "fakesystem.h"
-#include "fakewindow.h"
 #include "fuzz.h"
 #include "record_text.h"
+#include "vela7/testing/fakesystem.h"
+#include "vela7/testing/fakewindow.h"
 
 #include <algorithm>
 #include <sstream>
@@ -57,8 +57,8 @@ private:
 // What is recorded while a text is replayed into a new window; error: what Replay says.
 std::string Recorded(const std::string& text, std::string& error)
 {
-    const seam::FakeSystem system;
-    seam::FakeWindow window;
+    testkit::FakeSystem system;
+    testkit::FakeWindow& window = system.OpenWindow();
     const gallery::Recorder recorder(window);
     const Describer describer(window);
     std::istringstream in(text);

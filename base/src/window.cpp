@@ -1,11 +1,42 @@
 #include "vela7/window.h"
 
+#include "tarn/assert.h"
 #include "vela7/customcontrol.h"
 #include "vela7/tooltip.h"
 
 #include <algorithm>
 
 namespace vela7 {
+
+namespace {
+
+// ---- what back-ends hand in, where the contract allows one thing only; release builds do not look
+
+#ifdef VELA7_CHECK_HOOKS
+constexpr bool checksHooks = true;
+#else
+constexpr bool checksHooks = false;
+#endif
+
+void Demand(bool holds, const char* what)
+{
+    if (checksHooks && !holds)
+        TARN::assertion_failed(what, __FILE__, __LINE__);
+}
+
+void DemandRecord(const IEventSender* window, const CEvent* event)
+{
+    Demand(event && event->sender == window, "hook: the window is the sender of the record");
+    Demand(event && event->passOn, "hook: nobody has had the record");
+}
+
+void DemandButton(const IEventSender* window, const CMouseEvent* event, MouseButton least, MouseButton most)
+{
+    DemandRecord(window, event);
+    Demand(event && event->button >= least && event->button <= most, "hook: the button is one of its kind");
+}
+
+} // namespace
 
 void CTooltipTimerNotify::OnTimer(CTimerEvent* event)
 {
@@ -32,6 +63,7 @@ void CSysWindow::Init()
 
 void CSysWindow::ProcessMousePress(CMouseEvent* event)
 {
+    DemandButton(this, event, mbLeft, mbRight);
     const CLifeWatch alive = WatchLife();
     if (!IsTipUnderMouse())
         HideTooltip(); // the listeners of its custom layer may destroy the window
@@ -43,21 +75,25 @@ void CSysWindow::ProcessMousePress(CMouseEvent* event)
 
 void CSysWindow::ProcessMouseRelease(CMouseEvent* event)
 {
+    DemandButton(this, event, mbLeft, mbRight);
     FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMouseRelease), event, true);
 }
 
 void CSysWindow::ProcessMouseDoubleClick(CMouseEvent* event)
 {
+    DemandButton(this, event, mbLeft, mbRight);
     FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMouseDoubleClick), event, true);
 }
 
 void CSysWindow::ProcessMouseMove(CMouseEvent* event)
 {
+    DemandButton(this, event, mbNone, mbRight);
     FireEvent(typeid(IMouseNotify), handler_cast(&IMouseNotify::OnMouseMove), event, true);
 }
 
 void CSysWindow::ProcessWheel(CMouseWheelEvent* event)
 {
+    DemandButton(this, event, mbNone, mbNone);
     const CLifeWatch alive = WatchLife();
     HideTooltip();
     if (alive.IsAlive())
@@ -66,6 +102,7 @@ void CSysWindow::ProcessWheel(CMouseWheelEvent* event)
 
 void CSysWindow::ProcessEnter(CMouseEvent* event)
 {
+    DemandButton(this, event, mbNone, mbNone);
     // Leaving a window resets the cursor for the whole screen, so each entry shows the window's own again.
     if (m_cursor != crDefault)
         InternalSetCursor(m_cursor);
@@ -74,6 +111,7 @@ void CSysWindow::ProcessEnter(CMouseEvent* event)
 
 void CSysWindow::ProcessLeave(CMouseEvent* event)
 {
+    DemandButton(this, event, mbNone, mbNone);
     const CLifeWatch alive = WatchLife();
     if (!IsTipUnderMouse())
         HideTooltipEx();
@@ -83,6 +121,7 @@ void CSysWindow::ProcessLeave(CMouseEvent* event)
 
 void CSysWindow::ProcessKeyPress(CKeyboardEvent* event)
 {
+    DemandRecord(this, event);
     const CLifeWatch alive = WatchLife();
     HideTooltip();
     if (alive.IsAlive())
@@ -91,11 +130,13 @@ void CSysWindow::ProcessKeyPress(CKeyboardEvent* event)
 
 void CSysWindow::ProcessKeyRelease(CKeyboardEvent* event)
 {
+    DemandRecord(this, event);
     FireEvent(typeid(IKeyboardNotify), handler_cast(&IKeyboardNotify::OnKeyRelease), event, true);
 }
 
 void CSysWindow::ProcessChar(CKeyboardEvent* event)
 {
+    DemandRecord(this, event);
     FireEvent(typeid(IKeyboardNotify), handler_cast(&IKeyboardNotify::OnChar), event, true);
 }
 
@@ -116,11 +157,14 @@ void CSysWindow::ProcessReleaseFocus()
 
 void CSysWindow::ProcessMove(CWindowEvent* event)
 {
+    DemandRecord(this, event);
     FireEvent(typeid(IWindowNotify), handler_cast(&IWindowNotify::OnMove), event, true);
 }
 
 void CSysWindow::ProcessResize(CWindowEvent* event)
 {
+    DemandRecord(this, event);
+    Demand(event && event->x >= 0 && event->y >= 0, "hook: the size is not negative");
     if (m_updateOnResize) {
         const rectangle<int> client = GetClientRect();
         Invalidate(client.left, client.top, client.right, client.bottom);
@@ -130,12 +174,15 @@ void CSysWindow::ProcessResize(CWindowEvent* event)
 
 void CSysWindow::ProcessPaint(IPainter* painter)
 {
+    Demand(painter && painter == static_cast<ISysWindow*>(this)->TakeDefPainter(),
+           "hook: the painter is the window's own");
     CDrawEvent event(this, painter);
     FireEvent(typeid(IDrawingNotify), handler_cast(&IDrawingNotify::OnDraw), &event, true);
 }
 
 void CSysWindow::ProcessContextMenu(CContextMenuEvent* event)
 {
+    DemandRecord(this, event);
     FireEvent(typeid(IContextMenuNotify), handler_cast(&IContextMenuNotify::OnContextMenu), event, true);
 }
 

@@ -84,7 +84,8 @@ struct Range
     std::int64_t least, most;
 };
 
-constexpr Range kPlace{-32768, 32767}, kLength{0, 8192}, kBits{0, UINT32_MAX}, kByte{0, 255}, kFlag{0, 1};
+constexpr Range kPlace{-32768, 32767}, kLength{0, 8192}, kBits{0, UINT32_MAX}, kByte{0, 255}, kFlag{0, 1},
+    kPressed{mbLeft, mbRight}, kHeld{mbNone, mbRight}, kNone{mbNone, mbNone};
 
 struct Row
 {
@@ -95,23 +96,23 @@ struct Row
 
 // clang-format off
 const Row kRows[] = {
-    {"press",          {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMousePress},
-    {"release",        {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMouseRelease},
-    {"double-click",   {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMouseDoubleClick},
-    {"move",           {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessMouseMove},
-    {"enter",          {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessEnter},
-    {"leave",          {kPlace, kPlace, kBits, kBits},         &CSysWindow::ProcessLeave},
-    {"wheel",          {kPlace, kPlace, kBits, kBits, kPlace}, &CSysWindow::ProcessWheel},
-    {"key-press",      {kBits, kBits, kByte},                  &CSysWindow::ProcessKeyPress},
-    {"key-release",    {kBits, kBits, kByte},                  &CSysWindow::ProcessKeyRelease},
-    {"char",           {kBits, kBits, kByte},                  &CSysWindow::ProcessChar},
-    {"get-focus",      {},                                     &CSysWindow::ProcessGetFocus},
-    {"release-focus",  {},                                     &CSysWindow::ProcessReleaseFocus},
-    {"colors-changed", {},                                     &CSysWindow::ProcessSysColorChanged},
-    {"moved",          {kPlace, kPlace},                       &CSysWindow::ProcessMove},
-    {"resized",        {kLength, kLength},                     &CSysWindow::ProcessResize},
-    {"context-menu",   {kPlace, kPlace},                       &CSysWindow::ProcessContextMenu},
-    {"tab-traversal",  {kFlag},                                &CSysWindow::CircuitTabTraversal},
+    {"press",          {kPlace, kPlace, kBits, kPressed},  &CSysWindow::ProcessMousePress},
+    {"release",        {kPlace, kPlace, kBits, kPressed},  &CSysWindow::ProcessMouseRelease},
+    {"double-click",   {kPlace, kPlace, kBits, kPressed},  &CSysWindow::ProcessMouseDoubleClick},
+    {"move",           {kPlace, kPlace, kBits, kHeld},     &CSysWindow::ProcessMouseMove},
+    {"enter",          {kPlace, kPlace, kBits, kNone},     &CSysWindow::ProcessEnter},
+    {"leave",          {kPlace, kPlace, kBits, kNone},     &CSysWindow::ProcessLeave},
+    {"wheel",          {kPlace, kPlace, kBits, kNone, kPlace},&CSysWindow::ProcessWheel},
+    {"key-press",      {kBits, kBits, kByte},              &CSysWindow::ProcessKeyPress},
+    {"key-release",    {kBits, kBits, kByte},              &CSysWindow::ProcessKeyRelease},
+    {"char",           {kBits, kBits, kByte},              &CSysWindow::ProcessChar},
+    {"get-focus",      {},                                 &CSysWindow::ProcessGetFocus},
+    {"release-focus",  {},                                 &CSysWindow::ProcessReleaseFocus},
+    {"colors-changed", {},                                 &CSysWindow::ProcessSysColorChanged},
+    {"moved",          {kPlace, kPlace},                   &CSysWindow::ProcessMove},
+    {"resized",        {kLength, kLength},                 &CSysWindow::ProcessResize},
+    {"context-menu",   {kPlace, kPlace},                   &CSysWindow::ProcessContextMenu},
+    {"tab-traversal",  {kFlag},                            &CSysWindow::CircuitTabTraversal},
 };
 // clang-format on
 
@@ -123,26 +124,16 @@ const Row* Find(const std::string& name)
     return nullptr;
 }
 
-// The window is to be as it was when the record was made.
-void Prepare(const Row& row, const Fields& fields, CSysWindow& window)
-{
-    if (std::string(row.name) != "resized")
-        return;
-    const rectangle<int> now = window.GetWindowRect();
-    const rectangle<int> client = window.GetClientRect();
-    if (client.Width() != fields[0] || client.Height() != fields[1])
-        window.SetWindowRect(now.left, now.top, now.left + int(fields[0]), now.top + int(fields[1]), false);
-}
-
+// The window is to be as it was when the record was made; it reports by itself what is done to it for that.
 void ReplayLine(const Row& row, const Fields& fields, CSysWindow& window)
 {
-    const CLifeWatch alive = window.WatchLife();
-    Prepare(row, fields, window);
-    if (!alive.IsAlive())
-        return;
-    // The press that follows would set the focus again if the window did not have it by then.
-    if (std::string(row.name) == "get-focus" && !window.GetFocused())
+    const std::string name = row.name;
+    const rectangle<int> now = window.GetWindowRect();
+    const rectangle<int> client = window.GetClientRect();
+    if (name == "get-focus" && !window.GetFocused())
         window.SetFocus();
+    else if (name == "resized" && (client.Width() != fields[0] || client.Height() != fields[1]))
+        window.SetWindowRect(now.left, now.top, now.left + int(fields[0]), now.top + int(fields[1]), false);
     else
         std::visit(Call{window, fields}, row.hook);
 }

@@ -14,7 +14,7 @@ namespace vela7 {
 ///
 /// Made by CreateAnimation; dies with its last handle. Thread: GUI. Before Init and after Clear there is no
 /// frame: nothing is drawn, the delay is -1.
-class VELA7_WX_API CwxAnimation : public IAnimation
+class VELA7_WX_API CwxAnimation final : public IAnimation
 {
 public:
     CwxAnimation() = default;

@@ -12,7 +12,7 @@ namespace vela7 {
 /// nothing and the text is empty. A foreign program may take its time to answer GetText, and is given up
 /// after half a minute; events of the clipboard, timers and queued runnables are served meanwhile. Thread:
 /// GUI.
-class VELA7_WX_API CwxClipboard : public CClipboard
+class VELA7_WX_API CwxClipboard final : public CClipboard
 {
 public:
     /// An empty text replaces what was there as well.

@@ -1,8 +1,9 @@
 /// wx controls seen through ICustomControl.
 #pragma once
 
-#include "vela7/childfocusnotify.h"
 #include "vela7/customcontrol.h"
+#include "vela7/inplace.h"
+#include "vela7/wxchildfocusnotify.h"
 #include "vela7/wxexport.h"
 #include "vela7/wxpushedhandler.h"
 
@@ -84,11 +85,6 @@ public:
     }
 };
 
-/// Sends a record to the listeners of a control. False when one of them destroyed it: then the event counts
-/// as handled, since wx uses a control after an unhandled one.
-VELA7_WX_API bool FireFrom(ICustomControl& control, wxEvent& event, const std::type_info& type,
-                           NotifyHandler handler, CEvent& record);
-
 /// The window that hears of the focus of a control, as long as it lives.
 struct VELA7_WX_API CFocusHost
 {
@@ -99,10 +95,7 @@ struct VELA7_WX_API CFocusHost
     std::optional<CLifeWatch> life; // none: the window outlives the control
 };
 
-/// Emits the focus signal of a control, then tells its window, if both are still there.
-VELA7_WX_API void ReportChildFocus(ICustomControl& control, const CFocusHost& host, wxFocusEvent& event);
-
-/// The focus handlers that all wrapped controls share. notify may be null.
+/// What all wrapped controls share: notifications, and the report of their focus. notify may be null.
 template <class T>
 class VELA7_WX_API CFocusReporter : public CFocusFlavour<CImpCustomControl<T>>
 {
@@ -111,48 +104,36 @@ public:
     void SetNotifyLife(const CLifeWatch& life) { m_host.life = life; }
 
 protected:
-    CFocusReporter(wxWindow* control, IChildFocusNotify* notify)
-        : CFocusFlavour<CImpCustomControl<T>>(control), m_host{notify, {}}
-    {
-    }
+    CFocusReporter(wxWindow* control, IChildFocusNotify* notify);
 
-    void ReportFocusIn(wxFocusEvent& event)
-    {
-        if (!this->m_inSetFocusEx && event.GetWindow() == this->m_control)
-            event.SetWindow(nullptr);
-        Report(event, !this->m_inSetFocusEx || event.GetWindow());
-    }
+    /// Sends a record to the listeners. False when one of them destroyed the control: then the event counts
+    /// as handled, since wx uses a control after an unhandled one.
+    bool FireAny(wxEvent& event, const std::type_info& type, NotifyHandler handler, CEvent& record);
+
+    void ReportFocusIn(wxFocusEvent& event);
     // Kept by contract: a loss while SetFocusEx runs is never reported.
     void ReportFocusOut(wxFocusEvent& event) { Report(event, !this->m_inSetFocusEx); }
 
     /// From now on nobody hears of this control: to its users it is gone.
-    void Silence()
-    {
-        m_host = CFocusHost();
-        this->focus_in_signal.disconnect_all();
-        this->focus_out_signal.disconnect_all();
-        this->StopAll();
-    }
+    void Silence();
 
 private:
-    void Report(wxFocusEvent& event, bool wanted)
-    {
-        if (wanted && m_host.Get())
-            ReportChildFocus(*this, m_host, event);
-        else
-            event.Skip();
-    }
+    void Report(wxFocusEvent& event, bool wanted);
 
     CFocusHost m_host;
 };
+
+extern template class CFocusReporter<CImplEventSender<ICustomControl>>;
+extern template class CFocusReporter<CInplaceEdit>;
+extern template class CFocusReporter<CInplaceComboBoxInt>;
 
 /// A control that the application made itself. It sits on the control's stack of event handlers.
 ///
 /// Comes from CreateCustomControl. With autoDelete it dies with its control, else with its last handle; the
 /// control's life is never its business. It supports no event types unless its user declares some.
-class VELA7_WX_API CwxControlHolder : public CPushedHandler,
-                                      public CFocusReporter<CImplEventSender<ICustomControl>>,
-                                      public IEndsWithParent
+class VELA7_WX_API CwxControlHolder final : public CPushedHandler,
+                                            public CFocusReporter<CImplEventSender<ICustomControl>>,
+                                            public IEndsWithParent
 {
 public:
     /// All may be null or false. notify outlives the holder, or see SetNotifyLife.
@@ -184,15 +165,5 @@ VELA7_WX_API CHandle<ICustomControl> CreateCustomControl(wxWindow* control, ISys
 /// What the native control of a toolkit window (CSysWindow::SetNativeControl) reports; null when there is
 /// none.
 VELA7_WX_API void* GetControlHandle(wxWindow* window);
-
-/// Hands a navigation request on to the control's parent. When the focus stays, the parent gets a Tab key
-/// press.
-VELA7_WX_API void ForwardNavigation(wxWindow& control, wxNavigationKeyEvent& event);
-
-/// Whether it is the press of a Tab key.
-VELA7_WX_API bool IsTabPress(const wxEvent& event);
-
-/// Right-to-left in a right-to-left application; null is left alone.
-VELA7_WX_API void AdoptLayoutDirection(wxWindow* control);
 
 } // namespace vela7

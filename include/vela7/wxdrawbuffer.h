@@ -30,7 +30,7 @@ public:
 ///
 /// One for the process (Get). A bitmap keeps a painter's picture between its paints until 8 other painters
 /// have painted. Bitmaps belong to the manager; painters borrow them for the time of a paint. Thread: GUI.
-class VELA7_WX_API CDrawBufferManager
+class VELA7_WX_API CDrawBufferManager final
 {
 public:
     static constexpr std::size_t capacity = 8;

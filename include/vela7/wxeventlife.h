@@ -3,9 +3,8 @@
 /// wx and GTK go on using a window, a control or an event handler after the handlers of an event have run,
 /// and any listener may destroy it, or what is above it, before that. What can happen, and what answers it:
 ///
-/// - A listener destroys or closes the window that is calling it, or drops the last handle of the control
-/// that
-///   is calling it. The end is put off to the first idle pass after the event: PutOffDestruction.
+/// - A listener ends what is calling it: it destroys or closes the window, or drops a control's last handle.
+///   That is put off to the first idle pass after the event: PutOffDestruction.
 /// - Input that was queued before still arrives at such a window. It is dropped: IsEnding.
 /// - A listener destroys the parent, and wx deletes all children at once. A control or a tip that is in use
 ///   leaves its parent before that and waits by itself: IEndsWithParent, SetAside. A toolkit window, whose
@@ -17,7 +16,9 @@
 ///   event is over in which it was put off.
 /// - The caller of a listener wants to go on: CHold::IsAlive.
 ///
-/// Objects that have no native half are watched by CLifeWatch only.
+/// So a native object has a CEventLife as a member, and a CHold stands on the stack wherever wx hands it an
+/// event. Whoever only wants to know whether something is still there asks a CLifeWatch of a toolkit object,
+/// and a wxWeakRef of a window of the host.
 #pragma once
 
 #include "vela7/wxexport.h"
@@ -25,6 +26,7 @@
 #include <forward_list>
 #include <memory>
 
+class wxEvent;
 class wxObject;
 class wxWindow;
 
@@ -87,6 +89,10 @@ public:
 
     /// Deletes a part of the object: at once, or, while that is in use, afterwards.
     void Outlive(std::unique_ptr<wxObject> part);
+
+    /// Marks the event of an object that did not survive it as handled: wx uses an object after an unhandled
+    /// one.
+    static void Consume(wxEvent& event);
 
     /// For the destructor of a window whose class nobody derives from: while it is in use, its widgets stay,
     /// and Leftover will know its storage.

@@ -20,7 +20,7 @@ namespace vela7 {
 /// grey half transparent one is made on first use and kept. Lines that are no XPM add an invalid image, which
 /// an assertion reports and nothing draws. Bitmaps for the device are kept as long as the image stays as it
 /// is.
-class VELA7_WX_API CwxImageList : public IImageList
+class VELA7_WX_API CwxImageList final : public IImageList
 {
 public:
     int AddXPM(const XPMImage& image) override;

@@ -1,6 +1,7 @@
 /// The in-place combo box.
 #pragma once
 
+#include "vela7/wxconvert.h"
 #include "vela7/wxinplacetext.h"
 
 #include <wx/timer.h>
@@ -9,7 +10,7 @@ namespace vela7 {
 
 /// A drop-down list with an edit field over a toolkit window. Comes from ISysWindow::CreateInplaceComboBox;
 /// see CInplaceText for its life. Indexes out of range go to wx, which asserts and does nothing.
-class VELA7_WX_API CwxInplaceCombo : public CInplaceText<wxComboBox, CInplaceComboBoxInt>
+class VELA7_WX_API CwxInplaceCombo final : public CInplaceText<wxComboBox, CInplaceComboBoxInt>
 {
 public:
     /// editable false: the user can only choose. notify: may be null.
@@ -57,7 +58,7 @@ private:
 };
 
 /// The timer behind ShowDropDown, one for the process: made when first needed, destroyed at exit.
-class VELA7_WX_API CPopupTimer : public wxTimer
+class VELA7_WX_API CPopupTimer final : public wxTimer
 {
 public:
     static CPopupTimer& Get();

@@ -1,13 +1,14 @@
 /// The in-place edit.
 #pragma once
 
+#include "vela7/wxconvert.h"
 #include "vela7/wxinplacetext.h"
 
 namespace vela7 {
 
 /// A text field over a toolkit window. Comes from ISysWindow::CreateInplaceEdit; see CInplaceText for its
 /// life.
-class VELA7_WX_API CwxInplaceEdit : public CInplaceText<wxTextCtrl, CInplaceEdit>
+class VELA7_WX_API CwxInplaceEdit final : public CInplaceText<wxTextCtrl, CInplaceEdit>
 {
 public:
     /// style: EditStyle bits. notify: may be null.

@@ -100,7 +100,6 @@ protected:
     void SetElementFgColor(bool enabled);
 
 private:
-    bool GetDeviceClip(rectangle<int>& clip) const;
     void DrawOffScreen(wxWindow* window, ControlElement element, const wxRect& whole, const wxRect& shown,
                        int flags);
     void DrawTick(int left, int top);

@@ -14,7 +14,7 @@ class CwxTransientPopup;
 /// The toolkit window that fills a popup.
 ///
 /// Made by the popup; belongs to its native window. Thread: GUI.
-class VELA7_WX_API CwxSysWindow4Popup : public CwxSysWindow
+class VELA7_WX_API CwxSysWindow4Popup final : public CwxSysWindow
 {
 public:
     explicit CwxSysWindow4Popup(CwxTransientPopup& host);
@@ -38,7 +38,7 @@ private:
 /// Made by CwxSysWindow::CreatePopup. It is a wx child of the creating window's native one and dies with it,
 /// or after its last handle was released: it is hidden at once then and destroyed on the next idle pass, so
 /// that its content may do that in any of its notifications. Thread: GUI.
-class VELA7_WX_API CwxTransientPopup : public wxPopupTransientWindow, public IPopup
+class VELA7_WX_API CwxTransientPopup final : public wxPopupTransientWindow, public IPopup
 {
 public:
     explicit CwxTransientPopup(CwxSysWindow& creator);

@@ -43,7 +43,7 @@ private:
 /// of the object that filled them; it is never shown on its own. An item is found only by a position or
 /// command id below the number of items, by command also in sub-menus; IdAt and IndexOf do not know appended
 /// sub-menus. A menu that belongs to a menu already, is shown, or would contain itself is not inserted.
-class VELA7_WX_API CwxPopupMenu : public CSysMenu
+class VELA7_WX_API CwxPopupMenu final : public CSysMenu
 {
 public:
     CwxPopupMenu(const ISysWindow* owner, wxWindow* window);

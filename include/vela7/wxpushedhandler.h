@@ -50,6 +50,6 @@ private:
 };
 
 /// Takes exactly this handler off the window's stack; it may have been taken off by somebody else already.
-VELA7_WX_API void TakeOff(wxWindow& window, wxEvtHandler& handler);
+void TakeOff(wxWindow& window, wxEvtHandler& handler);
 
 } // namespace vela7

@@ -10,8 +10,6 @@
 
 namespace vela7 {
 
-class CwxRstPainter;
-
 /// A picture made of pixels, on a wxBitmap of the screen's depth.
 ///
 /// Made by ISystem::CreateRasterPicture, without pixels before wx is initialised; dies with its last handle.
@@ -56,7 +54,7 @@ public:
 
 private:
     wxBitmap bitmap;
-    std::unique_ptr<CwxRstPainter> defPainter;
+    std::unique_ptr<IPainter> defPainter;
 };
 
 /// Puts a bitmap into a picture, shared; a null or foreign picture is left alone.

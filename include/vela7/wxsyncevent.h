@@ -11,7 +11,7 @@ namespace vela7 {
 /// Carries one runnable. All copies share it; the last one to go deletes it when it is dynamic.
 ///
 /// The counter is a plain integer: at no time may copies live on two threads (see CwxSysWindow::Synchronize).
-class VELA7_WX_API wxSyncEvent : public wxEvent
+class VELA7_WX_API wxSyncEvent final : public wxEvent
 {
 public:
     explicit wxSyncEvent(IRunnable* runnable);
@@ -30,7 +30,7 @@ private:
 wxDECLARE_EXPORTED_EVENT(VELA7_WX_API, wxEVT_SYNC_RUN, wxSyncEvent);
 
 /// Sets the focus to a window, for ISynchronize: focus that must not change before the present event is over.
-class VELA7_WX_API CFocusRunnable : public IRunnable
+class VELA7_WX_API CFocusRunnable final : public IRunnable
 {
 public:
     /// The window outlives the runnable: give it to the window's own Synchronize.

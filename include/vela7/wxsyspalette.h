@@ -11,7 +11,7 @@ namespace vela7 {
 /// Made and installed by the system object while the library is loaded, unless a palette is installed
 /// already; deleted at process exit. Thread: GUI. Without a display it answers the base library's built-in
 /// colours.
-class VELA7_WX_API CwxSysPalette : public ISysPalette
+class VELA7_WX_API CwxSysPalette final : public ISysPalette
 {
 public:
     _color GetSystemColor(SysColor code) const override;

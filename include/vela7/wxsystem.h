@@ -48,7 +48,7 @@ public:
 };
 
 /// The class of the one system object; adds nothing to CwxSystem.
-class VELA7_WX_API CSystemCreator : public CwxSystem
+class VELA7_WX_API CSystemCreator final : public CwxSystem
 {
 public:
     CSystemCreator();

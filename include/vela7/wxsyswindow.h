@@ -1,10 +1,11 @@
 /// Toolkit windows on wx.
 #pragma once
 
-#include "vela7/childfocusnotify.h"
-#include "vela7/parentresizehandler.h"
 #include "vela7/window.h"
+#include "vela7/wxchildfocusnotify.h"
 #include "vela7/wxexport.h"
+#include "vela7/wxnativewindows.h"
+#include "vela7/wxparentresizehandler.h"
 #include "vela7/wxsyncevent.h"
 #include "vela7/wxwinpainter.h"
 
@@ -92,8 +93,7 @@ public:
     bool ProcessEvent(wxEvent& event) override;
 
 protected:
-    friend class CVELAwxWindow;        // deletes the toolkit window
-    friend class CParentResizeHandler; // holds its resizes
+    friend class CVELAwxWindow; // deletes the toolkit window
     ~CwxSysWindow() override;
 
     /// Moves the focus on: among the siblings of the parent, then within this window if it is still there.
@@ -108,13 +108,12 @@ protected:
 
 private:
     void CreateNative(wxWindow* parent);
+    void CreateTooltip();
     void FillParent(wxWindow& parent);
     void FollowParent();
     void LeaveParent();
     void LeaveNative();
     void End();
-    void HoldResize();
-    void ReleaseResize();
     void SetColors(WindowType type);
     wxClientDC& GetClientDC() const;
     wxScreenDC& GetScreenDC() const;
@@ -122,7 +121,7 @@ private:
     template <class Hook>
     bool Deliver(wxEvent& event, Hook hook);
     template <class Record>
-    void DeliverRecord(wxEvent& event, Record& record, void (CSysWindow::*hook)(Record*));
+    void Deliver(wxEvent& event, Record& record, void (CSysWindow::*hook)(Record*));
     CMouseEvent MakeMouseRecord(const wxMouseEvent& event, std::uint32_t button);
 
     void mousePressEvent(wxMouseEvent& event);
@@ -148,22 +147,14 @@ private:
     void syncEvent(wxSyncEvent& event);
     void navigationEvent(wxNavigationKeyEvent& event);
 
-    // Of a window that fills its parent.
-    std::unique_ptr<CParentResizeHandler, CPushedHandler::CDeleter> m_parentHandler;
-    bool m_resizeHeld = false; // while the parent is laid out
-    bool m_resizePending = false;
+    std::unique_ptr<CParentResizeHandler, CPushedHandler::CDeleter>
+        m_parentHandler;                            // of one that fills its parent
     mutable const void* m_clientDrawable = nullptr; // what clientDC was made for
 
     wxDECLARE_EVENT_TABLE();
 };
 
-/// Whether a window is foreign to another: neither itself nor directly on it. Null is foreign.
-VELA7_WX_API bool IsWindowExternal(const wxWindow* window, const wxWindow* owner);
-/// The application's top window; null without an application.
-VELA7_WX_API wxWindow* GetTopWindow();
 /// A toolkit window that fills an existing wx window; belongs to it. Null for null.
 VELA7_WX_API ISysWindow* CreateWrapperForWx(wxWindow* window);
-/// Gives a native control the toolkit's GUI font, if one is set, and the system's window colours.
-VELA7_WX_API void UpdateWindowState(wxWindow* window);
 
 } // namespace vela7

@@ -9,7 +9,7 @@
 namespace vela7 {
 
 /// Not recursive. Enter and Leave on any thread; the handles on it, as all handles, on one at a time.
-class VELA7_WX_API CLock : public ILock
+class VELA7_WX_API CLock final : public ILock
 {
 public:
     void Enter() override;
@@ -26,7 +26,7 @@ private:
 /// and is reported, on the worker, to wxApp::OnUnhandledException when there is an application.
 /// wx must be initialised from construction to Join. Thread: any, but Run and Join one at a time; Join waits
 /// without dispatching events, so a runnable must not wait for the thread that joins it.
-class VELA7_WX_API CThreadRunner : public IRunner, private wxThread
+class VELA7_WX_API CThreadRunner final : public IRunner, private wxThread
 {
 public:
     CThreadRunner();

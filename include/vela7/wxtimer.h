@@ -12,7 +12,7 @@ namespace vela7 {
 ///
 /// The wx timer is its own owner, as wx makes it: wx calls Notify, no event table is involved. The last
 /// handle may go inside a tick. Thread: GUI.
-class VELA7_WX_API CwxSysTimer : public CSysTimer, public wxTimer
+class VELA7_WX_API CwxSysTimer final : public CSysTimer, public wxTimer
 {
 public:
     /// There must be an application object.

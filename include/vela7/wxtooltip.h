@@ -46,7 +46,7 @@ private:
 /// Made by the toolkit window (ISysWindow::TakeTooltip), a wx child of its native window, deleted with it.
 /// Mouse events on the tip go on to the owner, in the owner's coordinates. It hides with the owner and with
 /// anything that the owner is in. Thread: GUI.
-class VELA7_WX_API CwxTooltip : public CVELAwxTipWindow, public ITooltip, public IEndsWithParent
+class VELA7_WX_API CwxTooltip final : public CVELAwxTipWindow, public ITooltip, public IEndsWithParent
 {
 public:
     /// 200 x 200 at (0, 0), hidden.

@@ -5,26 +5,9 @@ using namespace vela7;
 
 namespace {
 
-// Shows what FillRect leaves: at each pixel the brush colour's code.
-class Screen : public seam::RecordingPainter
+TEST_F(Painting, BorderFrames)
 {
-public:
-    Lines pixels = Lines(5, std::string(6, '.'));
-
-    void internalSetBrush(const brush& value) override { m_code = static_cast<char>('0' + value.color.red); }
-    void internalFillRect(int l, int t, int r, int b) override
-    {
-        for (int y = t; y < b; ++y)
-            for (int x = l; x < r; ++x)
-                pixels.at(static_cast<std::size_t>(y)).at(static_cast<std::size_t>(x)) = m_code;
-    }
-
-private:
-    char m_code = '?';
-};
-
-TEST(Border, Frames)
-{
+    // At each pixel the code of its colour.
     // clang-format off
     const struct { BorderShape shape; BorderStyle style; bool frameOnly; int right, bottom; Lines pixels; } table[] = {
         {bsThin,  bdRaised, false, 4, 3, {"44446.", "43336.", "43336.", "66666.", "......"}},
@@ -38,13 +21,18 @@ TEST(Border, Frames)
     };
     // clang-format on
     CodePalette palette;
+    p.SetPalette(&palette);
     for (const auto& row : table) {
-        Screen p;
-        p.SetPalette(&palette);
-        const CPaintScope paint(p);
+        p.Resize(6, 5);
+        Begin();
         p.SetBrush({clRed, bsCross});
         DrawBorder(&p, 0, 0, row.right, row.bottom, row.shape, row.style, row.frameOnly);
-        EXPECT_EQ(p.pixels, row.pixels) << row.shape << row.style;
+        Lines pixels(5);
+        for (int i = 0; i < 30; ++i) {
+            const int code = p.PixelAt(i % 6, i / 6).red;
+            pixels[std::size_t(i / 6)] += code == 255 ? '.' : char('0' + code);
+        }
+        EXPECT_EQ(pixels, row.pixels) << row.shape << row.style;
         EXPECT_EQ(p.GetBrush(), (brush{clRed, bsCross}));
     }
     DrawBorder(nullptr, 0, 0, 3, 3, bsThin, bdRaised, false);
@@ -54,6 +42,7 @@ TEST_F(Painting, BordersTakeThePaletteOfThePainterElseTheInstalledElseTheBuiltIn
 {
     CodePalette installed;
     EXPECT_EQ(GetSysPalette(), nullptr);
+    EXPECT_EQ(GetDefaultPalette()->GetSystemColor(ISysPalette::SysColor(99)), clWhite); // as windows
     for (ISysPalette* palette : {static_cast<ISysPalette*>(nullptr), static_cast<ISysPalette*>(&installed)}) {
         SetSysPalette(palette);
         DrawBorder(&p, 0, 0, 0, 0, bsThin, bdNone, false);

@@ -40,7 +40,8 @@ TEST(CBase, ReleaseEndsItAtZeroAndAtOne)
     EXPECT_EQ(thing.ends, 1);
     EXPECT_EQ(thing.Release(), 0u);
     EXPECT_EQ(thing.ends, 2);
-    thing.SetCounted(false); // somebody else's: nothing ends it
+    EXPECT_EQ(thing.AddRef(), 1u); // its end was put off
+    thing.SetCounted(false);       // somebody else's: nothing ends it
     EXPECT_EQ(thing.Release(), 0u);
     EXPECT_EQ(thing.ends, 2);
 }

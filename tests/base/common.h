@@ -1,15 +1,15 @@
 /// What several tests of the base library use.
 #pragma once
 
-#include "recordingpainter.h"
 #include "vela7/eventsender.h"
 #include "vela7/palette.h"
+#include "vela7/testing/recordingpainter.h"
 
 #include <gtest/gtest.h>
 
 namespace vela7 {
 
-using Lines = std::vector<std::string>;
+using testkit::Lines;
 
 /// A listener for several notification interfaces.
 template <class... N>
@@ -44,7 +44,7 @@ protected:
         return lines.size() == 1 ? lines[0] : std::to_string(lines.size()) + " lines";
     }
 
-    seam::RecordingPainter p;
+    testkit::RecordingPainter p;
 };
 
 } // namespace vela7

@@ -80,10 +80,10 @@ struct Scene
 TEST(EventSender, FrontBackAndTwice)
 {
     Scene s;
-    s.sender->SubscribeToFront(&s.d, mouse, true);
+    s.sender->SubscribeToFront(&s.d, mouse, false);
     s.sender->Subscribe(&s.d, mouse, false);
     EXPECT_EQ(s.Press(), (Lines{"d", "a", "b", "c", "d"}));
-    s.Drop(s.d); // both places
+    s.sender->Unsubscribe(&s.d, mouse, false); // both places, and without a notice
     EXPECT_EQ(s.Press(), (Lines{"a", "b", "c"}));
 }
 

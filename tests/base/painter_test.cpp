@@ -5,7 +5,7 @@
 #include <tuple>
 
 using namespace vela7;
-using seam::RecordingPainter;
+using testkit::RecordingPainter;
 
 namespace {
 
@@ -94,7 +94,15 @@ TEST(PaintBracket, NestsAndForgivesExtraEnds)
     EXPECT_EQ(p.drawn.Take(), (Lines{"Begin buffered", "Rectangle 0 0 1 1", "End"}));
     EXPECT_TRUE(p.BeginPaint(ssAsIs));
     EXPECT_FALSE(p.GetRetainedBuffer());
-    EXPECT_EQ(p.drawn.Take(), Lines{"Begin as-is"});
+    EXPECT_TRUE(p.BeginPaint());
+    p.EndAllPaints();
+    EXPECT_EQ(p.drawn.Take(), (Lines{"Begin as-is", "End"}));
+    fontmetrics metrics;
+    metrics.height = 7;
+    p.GetFontMetrics(&metrics);
+    EXPECT_TRUE(!p.IsEnabled() && metrics.height == 0);
+    p.SetRetainedBuffer(p.failToBegin = true);
+    EXPECT_FALSE(p.BeginPaint(ssBuffered) || p.GetRetainedBuffer());
 
     auto* const dying = new RecordingPainter;
     const CPaintScope paint(*dying); // outlives it
@@ -172,6 +180,7 @@ TEST_F(Painting, StartsScaledWhenBit1IsSet)
     p.dpiScale = 2.0;
     for (const unsigned bits : {1, 2}) {
         SetDPIAutoScale(bits);
+        EXPECT_EQ(GetDPIAutoScale(), bits);
         Begin();
         p.Scale(5, 5);
         p.ResetTransform(); // keeps the DPI part
@@ -243,9 +252,11 @@ TEST_F(Painting, KeepsBooksOfTheClip)
     EXPECT_EQ(p.GetClipRect(), nothing);
     p.SetClipRect(0, 0, 10, 10); // nothing stays nothing
     EXPECT_EQ(p.GetClipRect(), nothing);
-    for (const bool exclude : {false, true}) { // reversed, by its corners and by the painter
+    for (const bool exclude : {true, false}) { // reversed, by its corners and by the painter
         Begin();
         p.Scale(-1, 1);
+        p.RoundRect(0, 0, 1, 1, 5, 6); // extents are not
+        EXPECT_EQ(Line(), "RoundRect 0 0 -1 1 5 6");
         p.SetClipRect(10, 40, 30, 20, exclude);
         EXPECT_EQ(Line(), exclude ? "ExcludeClip -30 20 -10 40" : "Clip -30 20 -10 40");
         EXPECT_EQ(p.GetClipRect(), exclude ? rectangle<double>() : rectangle<double>(10, 20, 30, 40));

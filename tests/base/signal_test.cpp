@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 
 using basekit2::_internal::connection_t;
 using Sig = basekit2::_internal::signal_t<int>;
@@ -62,6 +63,14 @@ TEST_F(Signal, MisuseAsserts)
     EXPECT_FALSE(sig->connect({}).connected());
     TARN::set_assert_handler(nullptr);
     EXPECT_EQ(std::exchange(assertions, 0), 2);
+}
+
+TEST(Mutex, IsTakenOnce)
+{
+    basekit2::threading::mutex_t mutex;
+    EXPECT_TRUE(mutex.try_lock());
+    std::thread([&] { EXPECT_FALSE(mutex.try_lock()); }).join();
+    mutex.unlock();
 }
 
 TEST_F(Signal, WhatASlotHoldsDiesOutsideTheLock)

@@ -11,7 +11,7 @@ namespace {
 const char* const breaks = ", <>:._\n\r";
 
 // Characters are 10 wide, lines 20 high; counts what is measured.
-class TextPainter : public seam::RecordingPainter
+class TextPainter : public testkit::RecordingPainter
 {
 public:
     int measured = 0;

@@ -1,39 +1,37 @@
 #include "common.h"
 #include "contract/recorder.h"
-#include "fakesystem.h"
-#include "fakewindow.h"
-#include "vela7/customcontrol.h"
+#include "vela7/testing/fakecontrols.h"
+#include "vela7/testing/fakesystem.h"
+#include "vela7/testing/fakewindow.h"
 
 #include <functional>
 
 using namespace vela7;
-using namespace vela7::seam;
+using namespace vela7::testkit;
 using test::Recorder;
 
 namespace {
 
-enum Hides
-{
-    no,
-    yes,
-    outside
-}; // the tip; outside: unless the mouse is on it
+// The tip: o = unless the mouse is on it.
+constexpr char no = 'n', yes = 'y', outside = 'o';
 
 // Hands a fresh record over.
 template <class Record>
-void Call(FakeWindow& window, void (CSysWindow::*hook)(Record*))
+void Call(CSysWindow& window, void (CSysWindow::*hook)(Record*), std::uint32_t button = mbNone)
 {
     Record record;
     record.sender = &window;
+    if constexpr (std::is_same_v<Record, CMouseEvent>)
+        record.button = button;
     (window.*hook)(&record);
 }
 
 // clang-format off
-const struct Hook { std::string fires; Hides hides; void (*call)(FakeWindow&); } hooks[] = {
-    {"press",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessMousePress); }},
-    {"release", no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseRelease); }},
-    {"double",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseDoubleClick); }},
-    {"motion",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseMove); }},
+const struct Hook { std::string fires; char hides; void (*call)(FakeWindow&); } hooks[] = {
+    {"press",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessMousePress, mbLeft); }},
+    {"release", no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseRelease, mbRight); }},
+    {"double",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseDoubleClick, mbLeft); }},
+    {"motion",  no,      [](auto& w) { Call(w, &CSysWindow::ProcessMouseMove, mbMiddle); }},
     {"wheel",   yes,     [](auto& w) { Call(w, &CSysWindow::ProcessWheel); }},
     {"enter",   no,      [](auto& w) { Call(w, &CSysWindow::ProcessEnter); }},
     {"leave",   outside, [](auto& w) { Call(w, &CSysWindow::ProcessLeave); }},
@@ -45,72 +43,69 @@ const struct Hook { std::string fires; Hides hides; void (*call)(FakeWindow&); }
     {"menu",    no,      [](auto& w) { Call(w, &CSysWindow::ProcessContextMenu); }},
     {"focus",   no,      [](auto& w) { w.ProcessGetFocus(); }},
     {"unfocus", yes,     [](auto& w) { w.ProcessReleaseFocus(); }},
-    {"draw",    no,      [](auto& w) { w.Paint(); }},
+    {"draw",    no,      [](auto& w) { w.ProcessPaint(&w.painter); }},
     {"colours", no,      [](auto& w) { w.ProcessSysColorChanged(); }},
     {"tab",     no,      [](auto& w) { w.CircuitTabTraversal(true); }},
     {"destroy", yes,     [](auto& w) { w.ProcessDestroy(); }},
 };
 // clang-format on
 
-TEST(WindowHooks, FireTheirOwnOperationUntilHandled)
+class Windows : public testing::Test
+{
+protected:
+    FakeSystem system;
+    FakeWindow& window = system.OpenWindow(100, 80);
+};
+using Tooltip = Windows;
+using TabTraversal = Windows;
+
+// The first listener lets it pass, keeps it, or ends the window; with a tip, and without one.
+TEST_F(Windows, HooksFireTheirOwnOperationUntilHandledOrGone)
 {
     for (const Hook& hook : hooks)
-        for (const bool passOn : {true, false}) {
-            SCOPED_TRACE(hook.fires);
-            FakeWindow window;
-            window.focused = true;
-            if (passOn)
-                window.SetTooltip(nullptr);
-            window.TrackTooltip(1, 1, "tip"); // without system: comes to nothing
-            Recorder first(&window), second(&window);
+        for (const std::string what : {"passes", "keeps", "ends"}) {
+            SCOPED_TRACE(hook.fires + ' ' + what);
+            FakeWindow* const one = &system.OpenWindow();
+            // A press gives the focus first, so that the window is gone before the press is fired.
+            const bool focus = hook.fires == "press" && what == "ends";
+            if (!focus)
+                one->SetFocus();
+            if (what == "passes")
+                one->SetTooltip(nullptr);
+            one->SetCursor(crHand);
+            one->TrackTooltip(1, 1, "tip");
+            Recorder first(one), second(one);
             first.HearAll();
             second.HearAll();
-            first.Do([&](CEvent& event) { event.passOn = passOn; });
-            hook.call(window);
-            EXPECT_EQ(first.Count(hook.fires), 1);
-            EXPECT_EQ(first.Take().size(), 1U);
-            EXPECT_EQ(second.Take().size(), passOn ? 1U : 0U);
+            first.Do([&](CEvent& event) {
+                event.passOn = what != "keeps";
+                first.Do({});
+                if (what == "ends")
+                    delete one;
+            });
+            hook.call(*one);
+            const std::string fired = focus ? "focus" : hook.fires;
+            const auto counts = [&](Recorder& ear) { return ear.Count(fired) + 10 * int(ear.Take().size()); };
+            const bool destroy = hook.fires == "destroy";
+            EXPECT_EQ(counts(first), what == "ends" && !destroy ? 21 : 11); // and hears of the end
+            EXPECT_EQ(counts(second), what == "passes" ? 11 : what == "ends" && !destroy ? 10 : 0);
         }
 }
 
-TEST(WindowHooks, MayDestroyTheWindow)
+TEST_F(Windows, ActBeforeTheyReport)
 {
-    FakeSystem system;
-    for (const Hook& hook : hooks) {
-        SCOPED_TRACE(hook.fires);
-        auto* const window = new FakeWindow;
-        window->SetCursor(crHand);
-        window->TrackTooltip(1, 1, "tip");
-        Recorder first(window), second(window);
-        first.HearAll();
-        second.HearAll();
-        first.Do([&](CEvent&) {
-            first.Do({});
-            delete window;
-        });
-        hook.call(*window);
-        // A press gives the focus first, so that the window is gone before the press is fired.
-        const Lines heard = first.Take();
-        EXPECT_EQ(heard.front().find(hook.fires == "press" ? "focus" : hook.fires), 0U);
-        EXPECT_EQ(second.Take(), hook.fires == "destroy" ? Lines{} : Lines{"destroy"});
-        EXPECT_TRUE(system.Timers().empty());
-    }
-}
-
-TEST(Window, ActsBeforeItReports)
-{
-    FakeWindow window;
     Recorder ear(&window);
     ear.HearAll();
+    const auto press = [&] { Call(window, &CSysWindow::ProcessMousePress, mbLeft); };
     // clang-format off
     const struct { const char* what; std::function<void()> act; Lines asked; } table[] = {
-        {"resized",             [&] { window.Resize(30, 20); },                                  {"Invalidate 0 0 30 20"}},
-        {"update switched off", [&] { window.SetUpdateOnResize(false), window.Resize(4, 2); },   {}},
+        {"resized",             [&] { window.Resize(30, 20); },                                {"Invalidate 0 0 30 20"}},
+        {"update switched off", [&] { window.SetUpdateOnResize(false), window.Resize(4, 2); }, {}},
         {"a cursor",            [&] { window.SetCursor(crHand), Call(window, &CSysWindow::ProcessEnter); }, {"ShowCursor 12", "ShowCursor 12"}},
-        {"popup pressed",       [&] { window.SetPopup(1), window.MousePress(1, 1); },            {}},
-        {"pressed",             [&] { window.SetPopup(0), window.MousePress(1, 1); },            {"SetFocus"}},
-        {"has the focus",       [&] { window.MousePress(1, 1); },                                {}},
-        {"wants no focus",      [&] { window.focused = false, window.SetFocusOnClick(false), window.MousePress(1, 1); }, {}},
+        {"popup pressed",       [&] { window.SetPopup(1), press(); },                          {}},
+        {"wants no focus",      [&] { window.SetPopup(0), window.SetFocusOnClick(false), press(); }, {}},
+        {"pressed",             [&] { window.SetFocusOnClick(true), press(); },                {"SetFocus"}},
+        {"has the focus",       press,                                                         {}},
     };
     // clang-format on
     for (const auto& row : table) {
@@ -124,9 +119,8 @@ TEST(Window, ActsBeforeItReports)
     }
 }
 
-TEST(Window, IsDestroyedOnceAndQuietly)
+TEST_F(Windows, AreDestroyedOnceAndQuietly)
 {
-    FakeWindow window;
     Recorder first(&window);
     first.HearAll();
     first.Do([&](CEvent&) {
@@ -140,12 +134,36 @@ TEST(Window, IsDestroyedOnceAndQuietly)
     EXPECT_EQ(window.tooltip.text, "");
 }
 
+// With VELA7_CHECK_HOOKS, which only release builds are without.
+#ifdef VELA7_CHECK_HOOKS
+TEST_F(Windows, HooksLookAtWhatTheyAreHanded)
+{
+    CMouseEvent strange, had(&window), middle(&window);
+    CWindowEvent small(&window, -1, 5);
+    strange.button = had.button = mbLeft;
+    middle.button = 4;
+    had.passOn = false;
+    RecordingPainter painter;
+    const std::pair<std::function<void()>, const char*> table[] = {
+        {[&] { window.ProcessMousePress(&strange); }, "sender"},
+        {[&] { window.ProcessMouseRelease(&had); }, "had"},
+        {[&] { window.ProcessMouseDoubleClick(&middle); }, "button"},
+        {[&] { window.ProcessMouseMove(&middle); }, "button"},
+        {[&] { window.ProcessResize(&small); }, "size"},
+        {[&] { window.ProcessPaint(&painter); }, "painter"},
+    };
+    for (const auto& [act, complaint] : table) {
+        testing::internal::CaptureStderr();
+        act();
+        EXPECT_NE(testing::internal::GetCapturedStderr().find(complaint), std::string::npos) << complaint;
+    }
+}
+#endif
+
 // ---- tooltip
 
-TEST(Tooltip, WaitsForItsDelay)
+TEST_F(Tooltip, WaitsForItsDelay)
 {
-    FakeSystem system;
-    FakeWindow window;
     window.TrackTooltip(7, 8, "tip");
     system.Advance(400);
     window.TrackTooltip(9, 8, "tip"); // the wait begins anew
@@ -162,12 +180,13 @@ TEST(Tooltip, WaitsForItsDelay)
     window.SetEnableTooltip(true);
     window.TrackTooltip(7, 8, "tip");
     window.SetEnableTooltip(false); // the waiting one is dropped
+    EXPECT_FALSE(system.Timers().front()->GetEnabled());
     window.SetEnableTooltip(true);
     system.Advance(5000);
     EXPECT_FALSE(window.IsTooltipVisible());
 }
 
-TEST(Tooltip, IsShownOnlyWhenItMay)
+TEST_F(Tooltip, IsShownOnlyWhenItMay)
 {
     // clang-format off
     const struct { const char* what; int delay; const char* text; bool active, enabled, shown; ITooltip::LayerMode layer = ITooltip::lmNormal; } table[] = {
@@ -178,100 +197,85 @@ TEST(Tooltip, IsShownOnlyWhenItMay)
     };
     // clang-format on
     for (const auto& row : table) {
-        FakeSystem system;
-        FakeWindow window;
+        FakeWindow& fresh = system.OpenWindow();
         system.appActive = row.active;
-        window.SetTooltipDelay(row.delay);
-        window.SetEnableTooltip(row.enabled);
-        window.tooltip.SetLayerMode(row.layer, true);
-        window.TrackTooltip(7, 8, row.text);
-        EXPECT_EQ(window.IsTooltipVisible(), row.shown) << row.what;
+        fresh.SetTooltipDelay(row.delay);
+        fresh.SetEnableTooltip(row.enabled);
+        fresh.tooltip.SetLayerMode(row.layer, true);
+        fresh.TrackTooltip(7, 8, row.text);
+        EXPECT_EQ(fresh.IsTooltipVisible(), row.shown) << row.what;
     }
 }
 
-TEST(Tooltip, HooksThatHideIt)
+TEST_F(Tooltip, HooksThatHideIt)
 {
-    enum State
-    {
-        waiting,
-        shown,
-        underMouse
-    };
     for (const Hook& hook : hooks)
-        for (const State state : {waiting, shown, underMouse}) {
-            FakeSystem system;
-            FakeWindow window;
-            window.TrackTooltip(7, 8, "tip");
-            system.Advance(state == waiting ? 499 : 500);
-            window.tooltip.underMouse = state == underMouse;
-            hook.call(window);
+        for (const std::string state : {"waiting", "shown", "under the mouse"}) {
+            FakeWindow& fresh = system.OpenWindow();
+            fresh.TrackTooltip(7, 8, "tip");
+            system.Advance(state == "waiting" ? 499 : 500);
+            fresh.tooltip.underMouse = state == "under the mouse";
+            hook.call(fresh);
             system.Advance(1000);
-            const bool kept = hook.hides == no || (hook.hides == outside && state == underMouse);
-            EXPECT_EQ(window.IsTooltipVisible(), kept) << hook.fires << ' ' << state;
+            const bool kept = hook.hides == no || (hook.hides == outside && fresh.tooltip.underMouse);
+            EXPECT_EQ(fresh.IsTooltipVisible(), kept) << hook.fires << ' ' << state;
         }
 }
 
 // ---- tab stops
 
-struct Stop : CImplEventSender<ICustomControl>
+TEST_F(TabTraversal, GoesRoundTheUsableStops)
 {
-    const char kind; // F = has the focus, h = hidden, d = disabled, else usable
-    const int index;
-    std::string& asked;
-
-    Stop(char k, int i, std::string& a) : kind(k), index(i), asked(a) {}
-    void SetPos(int, int, int, int) override {}
-    rectangle<int> GetPos() const override { return {}; }
-    void SetVisible(bool) override {}
-    bool GetVisible() const override { return kind != 'h'; }
-    void SetEnabled(bool) override {}
-    bool GetEnabled() const override { return kind != 'd'; }
-    void SetFocus() override { asked += "plain "; }
-    void SetFocusEx() override { asked += std::to_string(index); }
-    bool GetFocused() const override { return kind == 'F'; }
-    void* GetNativeHandle() const override { return nullptr; }
-};
-
-TEST(TabTraversal, GoesRoundTheUsableStops)
-{
+    // F = has the focus, h = hidden, d = disabled, o = another one; expected: which gets the focus, w = the
+    // window.
     // clang-format off
-    const struct { const char* stops; const char* forward; const char* backward; } table[] = {
-        {"oFo",  "2", "0"}, {"Foo", "1", "2"}, {"ooF",  "0", "1"},    // wraps
-        {"ooo",  "0", "2"},                                           // nobody has the focus
-        {"Fhdo", "3", "3"}, {"hoFd", "1", "1"}, {"F",   "0", "0"},    // skips
-        {"",     "window", "window"}, {"hd", "window", "window"},
+    const struct { const char* stops; char forward, backward; } table[] = {
+        {"oFo",  '2', '0'}, {"Foo",  '1', '2'}, {"ooF", '0', '1'}, // wraps
+        {"ooo",  '0', '2'},                                        // nobody has the focus
+        {"Fhdo", '3', '3'}, {"hoFd", '1', '1'}, {"F",   '0', '0'}, // skips
+        {"",     'w', 'w'}, {"hd",   'w', 'w'},
     };
     // clang-format on
     for (const auto& row : table)
         for (const bool forward : {true, false}) {
-            FakeWindow window;
-            std::string asked;
-            std::vector<std::unique_ptr<Stop>> stops;
+            FakeWindow& fresh = system.OpenWindow();
+            std::vector<FakeCustomControl*> stops;
+            std::string reported;
             for (const char* kind = row.stops; *kind; ++kind) {
-                stops.push_back(std::make_unique<Stop>(*kind, static_cast<int>(stops.size()), asked));
-                window.AddTabStop(stops.back().get());
+                stops.push_back(new FakeCustomControl(fresh)); // the window's
+                if (*kind == 'F')
+                    stops.back()->SetFocus();
+                stops.back()->SetVisible(*kind != 'h');
+                stops.back()->SetEnabled(*kind != 'd');
+                stops.back()->focus_in_signal.connect([&](ICustomControl*) { reported = "reported"; });
+                fresh.AddTabStop(stops.back());
+                fresh.AddTabStop(stops.back()); // stands there already
             }
-            window.CircuitTabTraversal(forward);
-            asked += window.asked.Take() == Lines{"SetFocus"} ? "window" : "";
-            EXPECT_EQ(asked, forward ? row.forward : row.backward) << row.stops;
+            fresh.CircuitTabTraversal(forward);
+            const auto focused =
+                std::find_if(stops.begin(), stops.end(), [](auto* stop) { return stop->GetFocused(); });
+            const bool window = focused == stops.end() && fresh.HasFocus();
+            const char found = window ? 'w' : static_cast<char>('0' + (focused - stops.begin()));
+            EXPECT_EQ(found, forward ? row.forward : row.backward) << row.stops;
+            EXPECT_EQ(reported, "");
         }
 }
 
-TEST(TabTraversal, IsUpToTheListenersFirst)
+TEST_F(TabTraversal, IsUpToTheListenersFirst)
 {
-    FakeWindow window;
     Recorder ear(&window);
     ear.HearAll();
-    std::string asked;
-    Stop stop('o', 0, asked);
+    FakeCustomControl& stop = *new FakeCustomControl(window); // the window's
     window.AddTabStop(&stop);
     ear.Do([](CEvent& event) { event.passOn = static_cast<CKeyboardEvent&>(event).state == 0x100; });
-    window.CircuitTabTraversal(false);
-    EXPECT_EQ(asked, "0");
     window.CircuitTabTraversal(true); // kept from moving
-    window.RemoveTabStop(&stop);
+    EXPECT_FALSE(stop.GetFocused());
     window.CircuitTabTraversal(false);
-    EXPECT_EQ(asked, "0");
+    EXPECT_TRUE(stop.GetFocused());
+    window.RemoveTabStop(&stop);
+    ear.Do({});
+    window.CircuitTabTraversal(false);
+    EXPECT_TRUE(window.HasFocus());
 }
 
 } // namespace

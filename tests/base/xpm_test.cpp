@@ -19,7 +19,8 @@ TEST(XPMBuf, BorrowsOrOwns)
         original.SetBuffer(lines, true);
         values = "gone";
         copy = original;
-    } // a copy owns what its original owned
+    }                                        // a copy owns what its original owned
+    copy.SetBuffer(copy.GetBuffer(), false); // which it keeps
     EXPECT_STREQ(XPMBuf(copy).GetBuffer()[0], "0 0 0 0");
     const XPMImage borrowed(picture);
     copy = borrowed;
@@ -35,7 +36,7 @@ TEST(XPMBuf, ValuesLine)
     const struct { const char* values; int lines; } table[] = {
         {nullptr, 0}, {"",              0}, {"4 3 2",            0}, {"a 3 2 1",          0}, {"4 3 2 x",          0},
         {"-4 3 2 1",                    0}, {"4 -3 2 1",         0}, {"4 3 -2 1",         0}, {"4 3 2 -1",         0},
-        {"2147483648 1 1 1",            0}, {"1 2147483647 1 1", 0}, {"65536 65536 1 1",  0}, {"65536 1 1 65536",  0},
+        {"2147483648 1 1 1",            0}, {"1 2147483647 1 1", 0}, {"65536 65536 1 1",  0}, {"65536 0 1 65536",  0},
         {"99999999999999999999 1 1 1",  0}, {"4.5 1 1 1",        0}, {"0 0 0 0", 1}, {"  1\t1  1 1",      3}, {"1 1 1 1 7 8 XPMEXT", 3},
     };
     // clang-format on
@@ -49,6 +50,10 @@ TEST(XPMBuf, ValuesLine)
             EXPECT_EQ(buffer.GetBuffer() != nullptr, row.lines > 0) << row.values;
         }
     }
+    const char* const most[] = {"1 2147483645 1 1"}; // lines in all: the largest int
+    EXPECT_EQ(XPMImage(most).GetLineCount(), 2147483647);
+    const char* const more[] = {"1 2147483646 1 1"};
+    EXPECT_EQ(XPMImage(more).GetLineCount(), 0);
 }
 
 } // namespace

@@ -82,7 +82,10 @@ TEST_F(Windows, EndsOnceWithItsChildren)
     child.Hear<IWindowNotify>();
     const CLifeWatch life = window->WatchLife();
     const CHandle<ISysWindow> handle(window);
-    heard->DoIn("destroy", [&](CEvent&) { EXPECT_TRUE(window->IsDestroyed() && life.IsAlive()); });
+    heard->DoIn("destroy", [&](CEvent&) {
+        EXPECT_TRUE(window->IsDestroyed() && life.IsAlive());
+        stage->Close(*window); // under way
+    });
     stage->Close(*window);
     ASSERT_TRUE(WaitFor([&] { return !life.IsAlive(); }, "the end of the window"));
     EXPECT_EQ(Lines{"destroy"}, heard->Take());

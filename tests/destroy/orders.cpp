@@ -82,6 +82,15 @@ const Order orders[] = {
     {"TopCapturesAndHides", [](Scene& s) { Popups p(s, false); p.second->GetContent()->CaptureMouse(); p.second->Hide(); Settle(); p.Dismisses(s.popup); }},
     {"CapturedInTopDies", [](Scene& s) { Popups p(s, false); ISysWindow* in = p.second->GetContent()->CreateChild(ISysWindow::wtNormal); s.popup->Hide(); in->CaptureMouse(); delete Native(in); Settle(); p.Dismisses(p.second); }},
     {"BelowPopupsCaptureDies", [](Scene& s) { Popups p(s, false); s.Window(theSibling)->CaptureMouse(); s.Window(theContent)->CaptureMouse(); s.Raw(theSibling)->Destroy(); s.Window(theContent)->ReleaseMouse(); p.second.Reset(); Settle(); p.Dismisses(s.popup); }},
+    {"LowestCaptureDies", [](Scene& s) {
+        s.Build(Scene::nested);
+        for (const Thing thing : {theChild, theSibling, theWindow})
+            s.Window(thing)->CaptureMouse();
+        s.Raw(theChild)->Destroy(), Settle(); // what GDK has to say about it comes later
+        EXPECT_EQ(s.native, wxWindow::GetCapture());
+        s.window->ReleaseMouse(), Settle();
+        EXPECT_EQ(s.Raw(theSibling), wxWindow::GetCapture());
+        s.Window(theSibling)->ReleaseMouse(); }},
     {"TipsPopupHides",   [](Scene& s) {
         s.Build(Scene::child), s.MakePopup(), s.popup->Show(600, 200), Settle();
         s.Window(theContent)->SetTooltipDelay(0);

@@ -2,9 +2,9 @@
 
 #include "recording.h"
 
-#include "fakesystem.h"
-#include "fakewindow.h"
 #include "page.h"
+#include "vela7/testing/fakesystem.h"
+#include "vela7/testing/fakewindow.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ std::unique_ptr<Page> CreateEventsPage(vela7::ISysWindow& window);
 }
 
 using namespace vela7;
-using namespace vela7::seam;
+using namespace vela7::testkit;
 
 namespace {
 
@@ -48,12 +48,17 @@ leave 700 20 0 0
 release-focus
 )";
 
+class Recording : public testing::Test
+{
+protected:
+    FakeSystem system;
+    FakeWindow& window = system.OpenWindow();
+};
+
 } // namespace
 
-TEST(Recording, IsReplayedAsItWas)
+TEST_F(Recording, IsReplayedAsItWas)
 {
-    FakeSystem system;
-    FakeWindow window;
     gallery::Recorder recorder(window);
     ASSERT_EQ(Replayed(kSession, window), "");
     EXPECT_EQ(window.GetClientRect().Width(), 640);
@@ -68,15 +73,14 @@ TEST(Recording, IsReplayedAsItWas)
     EXPECT_EQ(after.str(), kSession);
 }
 
-TEST(Recording, MakesAPageDrawTheSameTwice)
+TEST_F(Recording, MakesAPageDrawTheSameTwice)
 {
-    FakeSystem system;
     std::vector<std::string> drawn[2];
     for (auto& lines : drawn) {
-        FakeWindow window;
-        const auto page = gallery::CreateEventsPage(window);
-        ASSERT_EQ(Replayed(kSession, window), "");
-        lines = window.Paint();
+        FakeWindow& fresh = system.OpenWindow();
+        const auto page = gallery::CreateEventsPage(fresh);
+        ASSERT_EQ(Replayed(kSession, fresh), "");
+        lines = fresh.Paint();
     }
     EXPECT_EQ(drawn[0], drawn[1]);
     std::string all;
@@ -86,7 +90,7 @@ TEST(Recording, MakesAPageDrawTheSameTwice)
         EXPECT_NE(all.find(text), std::string::npos) << text;
 }
 
-TEST(Recording, SaysWhichLineIsWrong)
+TEST_F(Recording, SaysWhichLineIsWrong)
 {
     const struct
     {
@@ -101,18 +105,13 @@ TEST(Recording, SaysWhichLineIsWrong)
         {"vela7 events 1\nresized 100 2147483647\n", "line 2: 2147483647 is not in 0..8192"},
         {"vela7 events 1\nwheel 5 5 0 0 -2147483648\n", "line 2: -2147483648 is not in -32768..32767"},
     };
-    FakeSystem system;
-    for (const auto& row : table) {
-        FakeWindow window;
+    for (const auto& row : table)
         EXPECT_EQ(Replayed(row.recording, window), row.error);
-    }
 }
 
-TEST(Recording, HasBounds)
+TEST_F(Recording, HasBounds)
 {
     const std::string head = "vela7 events 1\n";
-    FakeSystem system;
-    FakeWindow window;
     EXPECT_EQ(Replayed(head + std::string(199999, '\n'), window), "");
     EXPECT_EQ(Replayed(head + std::string(200000, '\n'), window), "line 200001: the recording is too long");
     EXPECT_EQ(Replayed(head + std::string(255, '#') + "\n", window), "");
@@ -131,15 +130,13 @@ TEST(Recording, HasBounds)
     EXPECT_EQ(out.str().size(), 60 + 13 * 100000u);
 }
 
-TEST(Recording, IsNotWrittenThroughLinks)
+TEST_F(Recording, IsNotWrittenThroughLinks)
 {
     char directory[] = "/tmp/recording_test_XXXXXX";
     ASSERT_NE(mkdtemp(directory), nullptr);
     const std::filesystem::path there(directory), other = there / "other", name = there / "events.txt";
     std::ofstream(other) << "precious";
     std::filesystem::create_symlink(other, name);
-    FakeSystem system;
-    FakeWindow window;
     EXPECT_TRUE(gallery::Recorder(window).SaveAs(name));
     std::string kept, saved;
     std::getline(std::ifstream(other), kept);
@@ -150,20 +147,16 @@ TEST(Recording, IsNotWrittenThroughLinks)
     EXPECT_EQ(std::filesystem::remove_all(there), 3u) << "and nothing beside them";
 }
 
-TEST(Recording, EndsWithItsWindow)
+TEST_F(Recording, EndsWithItsWindow)
 {
     struct Closer : CSubscriber<IKeyboardNotify>
     {
-        std::unique_ptr<FakeWindow> window = std::make_unique<FakeWindow>();
+        FakeWindow* window = nullptr;
         int heard = 0;
-        void OnKeyPress(CKeyboardEvent*) override
-        {
-            ++heard;
-            window.reset();
-        }
+        void OnKeyPress(CKeyboardEvent*) override { ++heard, delete window; }
     } closer;
-    FakeSystem system;
-    Subscribe<IKeyboardNotify>(*closer.window, &closer);
-    EXPECT_EQ(Replayed("vela7 events 1\nkey-press 0 65 0\nkey-press 0 66 0\n", *closer.window), "");
+    closer.window = &window;
+    Subscribe<IKeyboardNotify>(window, &closer);
+    EXPECT_EQ(Replayed("vela7 events 1\nkey-press 0 65 0\nkey-press 0 66 0\n", window), "");
     EXPECT_EQ(closer.heard, 1);
 }

@@ -17,7 +17,8 @@ function(_vela7_add_test_program name main)
     endif()
     add_test(NAME ${name} COMMAND ${launcher} $<TARGET_FILE:${name}>)
     set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${VELA7_TEST_ENV}"
-        ENVIRONMENT_MODIFICATION "DISPLAY=unset:;WAYLAND_DISPLAY=unset:")
+        ENVIRONMENT_MODIFICATION "DISPLAY=unset:;WAYLAND_DISPLAY=unset:"
+        FAIL_REGULAR_EXPRESSION "assertion failed: hook") # what a back-end handed to a window
 endfunction()
 
 function(vela7_add_gui_test name)

@@ -1,68 +1,28 @@
 // The table's control on a window without display.
 
-#include "fakesystem.h"
-#include "fakewindow.h"
 #include "tableview.h"
 #include "tempfile.h"
+#include "vela7/testing/fakecontrols.h"
+#include "vela7/testing/fakesystem.h"
+#include "vela7/testing/fakewindow.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <list>
 
 using namespace vela7;
-using namespace vela7::seam;
+using namespace vela7::testkit;
 using table::CellPos;
-using Lines = std::vector<std::string>;
 
 namespace {
-
-// Threads that run when the test says so.
-class WorkingSystem : public FakeSystem
-{
-public:
-    class Runner : public IRunner
-    {
-    public:
-        explicit Runner(std::list<Runner*>& all) : m_all(all) { m_all.push_back(this); }
-        void Run(IRunnable* runnable) override { work = runnable; }
-        void Join() override { m_all.remove(this), delete this; }
-        void Sleep(unsigned long) override {}
-        bool IsRunning() const override { return work != nullptr; }
-        IRunnable* work = nullptr;
-
-    private:
-        std::list<Runner*>& m_all;
-    };
-    class Clipboard : public CClipboard
-    {
-    public:
-        void SetText(const std::string& value) override { text = value; }
-        std::string GetText() const override { return text; }
-        void Clear() override { text.clear(); }
-        std::string text;
-    };
-
-    IRunner* CreateRunner() override { return new Runner(runners); }
-    IClipboard* TakeClipboard() const override { return &clipboard; }
-    // A slice of the first one's work; the end of it joins the runner.
-    void Work() { runners.front()->work->Run(); }
-    void WorkToTheEnd()
-    {
-        while (!runners.empty())
-            Work();
-    }
-
-    std::list<Runner*> runners;
-    mutable Clipboard clipboard;
-};
 
 class TableViewTest : public testing::Test
 {
 protected:
     // 100 pixels each for up to 11 characters; 8 rows of 20 pixels and a header.
-    TableViewTest() : view((window.Resize(400, 200), window))
+    TableViewTest()
     {
+        window.SetFocus();
         std::string text = "number,name,ten chars.\n";
         for (int i = 0; i < 50; ++i)
             text += std::to_string(i * 7 % 50) + ",\"n, " + std::to_string(i % 3) + "\",row " +
@@ -75,10 +35,8 @@ protected:
 
     Lines Paint()
     {
-        Lines lines = window.Paint();
         window.asked.Take();
-        window.painter.fullRepaint = false; // from now on the picture stays
-        return lines;
+        return window.Paint();
     }
     static Lines Texts(Lines lines)
     {
@@ -88,9 +46,13 @@ protected:
     }
     void Press(std::uint32_t key, std::uint32_t held = 0)
     {
-        window.held = held;
-        window.KeyPress(key);
-        window.held = 0;
+        system.user.Key(key, held);
+        system.WorkToTheEnd();
+    }
+    void SortBy(int x)
+    {
+        system.user.Click(window, x, 5);
+        system.WorkToTheEnd();
     }
     std::string At(std::uint32_t row, int column)
     {
@@ -98,10 +60,10 @@ protected:
         return view.SelectedText();
     }
 
-    WorkingSystem system;
-    FakeWindow window;
+    FakeSystem system;
+    FakeWindow& window = system.OpenWindow(416, 216); // bars of 16 pixels
     std::unique_ptr<TempFile> content;
-    table::TableView view;
+    table::TableView view{window};
 };
 
 TEST_F(TableViewTest, KeysMoveTheCell)
@@ -126,17 +88,13 @@ TEST_F(TableViewTest, KeysMoveTheCell)
 
 TEST_F(TableViewTest, SelectsAndCopies)
 {
-    window.MousePress(5, 25);
-    window.MouseMove(60, 45); // over the edge of the first column
-    window.MouseRelease(60, 45);
+    system.user.Drag(window, {5, 25}, {60, 45}); // over the edge of the first column
     Press('C', ksControl);
-    system.WorkToTheEnd();
     EXPECT_EQ(system.clipboard.text, "0\tn, 0\n7\tn, 1");
-    EXPECT_FALSE(window.captured);
+    EXPECT_FALSE(window.HasCapture());
     Press(kcDown, ksShift);
     Press(kcLeft, ksShift);
     Press('C', ksControl);
-    system.WorkToTheEnd();
     EXPECT_EQ(system.clipboard.text, "0\n7\n14");
     Press('A', ksControl);
     EXPECT_EQ(view.SelectedText().substr(0, 28), "0\tn, 0\trow 0\n7\tn, 1\trow 1\n14");
@@ -153,9 +111,12 @@ TEST_F(TableViewTest, ScrollingDrawsWhatComesIntoSight)
     ASSERT_EQ(texts.size(), 6u);
     EXPECT_EQ(texts[0], "Text 4 142 \"6\"");
     EXPECT_EQ(texts[5], "Text " + std::to_string(third + 4) + " 162 \"row 9\"");
-    window.MouseWheel(50, 50, 1);
+    window.Find<FakeScrollBar>(1)->Line(-1);
     EXPECT_EQ(window.asked.Take(), Lines{"ScrollContent 0 20 0 20 399 159"});
     EXPECT_EQ(Texts(window.painter.drawn.Take()).size(), 3u);
+    system.user.PointAt(window, 50, 50);
+    system.user.TurnWheel(-1);
+    EXPECT_EQ(view.TopRow(), 4);
     Press(kcDown); // from above the first row shown
     Paint();
     Press(kcDown);
@@ -170,55 +131,42 @@ TEST_F(TableViewTest, ScrollingDrawsWhatComesIntoSight)
 TEST_F(TableViewTest, SortsByHeader)
 {
     const int name = view.ColumnWidth(0) + 8;
-    window.MousePress(8, 5);
+    system.user.Click(window, 8, 5);
     EXPECT_EQ(At(1, 0), "7") << "not before the work is done";
     system.WorkToTheEnd();
     EXPECT_EQ(At(9, 0), "9") << "by value";
-    window.MousePress(8, 5);
-    system.WorkToTheEnd();
+    SortBy(8);
     EXPECT_EQ(At(0, 0), "49");
-    window.MousePress(8, 5);
+    SortBy(8);
     EXPECT_EQ(At(1, 0), "7") << "as in the file";
     for (const Lines& expected : {Lines{"row 0", "row 3"}, Lines{"row 2", "row 5"}}) {
-        window.MousePress(name, 5);
-        system.WorkToTheEnd();
+        SortBy(name);
         EXPECT_EQ((Lines{At(0, 2), At(1, 2)}), expected) << "equal ones as in the file";
     }
-    window.MousePress(8, 5);
+    system.user.Click(window, 8, 5);
     system.Work();
-    Press(kcEscape);
-    EXPECT_TRUE(system.runners.empty()) << "cancelled";
+    system.user.Key(kcEscape);
+    EXPECT_TRUE(system.Runners().empty()) << "cancelled";
     EXPECT_EQ(At(0, 1), "n, 0");
 }
 
 TEST_F(TableViewTest, FindsWhatIsTyped)
 {
     const auto type = [&](const std::string& text) {
-        for (const char c : text)
-            window.KeyChar(static_cast<unsigned char>(c));
+        system.user.Type(text);
         system.WorkToTheEnd();
     };
     type("ROW 1");
     EXPECT_EQ(view.Current(), (CellPos{1, 2}));
     Press(kcReturn);
-    system.WorkToTheEnd();
     EXPECT_EQ(view.Current(), (CellPos{10, 2}));
     type("9");
     Press(kcF3);
-    system.WorkToTheEnd();
     EXPECT_EQ(view.Current(), (CellPos{19, 2})) << "once round";
     type("x");
     EXPECT_EQ(view.Status(), "There is no \"ROW 19x\"");
     Press(kcEscape);
     EXPECT_EQ(view.Status(), "Row 20 of 50, column 3 of 3");
-}
-
-TEST_F(TableViewTest, ReadsInTheBackground)
-{
-    view.Open("/nowhere/x.csv");
-    EXPECT_EQ(view.Status(), "Reading");
-    system.WorkToTheEnd();
-    EXPECT_EQ(view.Status(), "/nowhere/x.csv: No such file or directory");
 }
 
 TEST_F(TableViewTest, SaysWhatBecameOfTheFile)
@@ -227,7 +175,7 @@ TEST_F(TableViewTest, SaysWhatBecameOfTheFile)
     ASSERT_EQ(truncate(content->path, 30), 0);
     system.WorkToTheEnd();
     EXPECT_EQ(At(49, 0), "") << "not sorted, and the file has two rows left";
-    EXPECT_EQ(Texts(Paint()).back(), "Text 4 182 \"The file was shortened since it was read, 30 of 853 "
+    EXPECT_EQ(Texts(Paint()).back(), "Text 4 198 \"The file was shortened since it was read, 30 of 853 "
                                      "bytes are left. Row 50 of 50, column 1 of 3\"");
     EXPECT_EQ(At(0, 0), "0");
     content = std::make_unique<TempFile>("a\n1\n");
@@ -236,6 +184,10 @@ TEST_F(TableViewTest, SaysWhatBecameOfTheFile)
     unlink(content->path);
     Paint();
     EXPECT_EQ(view.Status(), "The file was replaced or deleted since it was read. Row 1 of 1, column 1 of 1");
+    view.Open(content->path);
+    EXPECT_EQ(view.Status(), "Reading"); // in the background
+    system.WorkToTheEnd();
+    EXPECT_EQ(view.Status(), content->path + std::string(": No such file or directory"));
 }
 
 // Rows agree in their first 70 bytes and come in pairs that differ later, so that most levels have short runs
@@ -268,44 +220,13 @@ TEST(SortTask, TicksAtEveryLevel)
     EXPECT_EQ(ticks, 40);
 }
 
-// A scroll bar; all that it does is to have a size.
-struct Bar : CScrollBar
+TEST_F(TableViewTest, TinyWindowsGiveNoNegativeSizes)
 {
-    int width = 0, height = 0;
-    void SetPos(int left, int top, int right, int bottom) override
-    {
-        width = right - left, height = bottom - top;
-    }
-    rectangle<int> GetPos() const override { return {}; }
-    void SetVisible(bool) override {}
-    bool GetVisible() const override { return true; }
-    void SetEnabled(bool) override {}
-    bool GetEnabled() const override { return true; }
-    void* GetNativeHandle() const override { return nullptr; }
-    void SetScrollInfo(const ScrollInfo&) override {}
-    void GetScrollInfo(ScrollInfo&) const override {}
-    void SetScrollVal(int) override {}
-    int GetScrollVal() const override { return 0; }
-};
-
-TEST(TableView, TinyWindowsGiveNoNegativeSizes)
-{
-    struct Window : FakeWindow
-    {
-        std::vector<Bar*> bars; // the table's
-        CHandle<IScrollBar> CreateScrollBar(ScrollType) override
-        {
-            bars.push_back(new Bar);
-            return CHandle<IScrollBar>(bars.back());
-        }
-    } window;
-    FakeSystem system;
-    table::TableView view(window);
     for (const int size : {0, 1, 5, 11, 21, 40}) {
         window.Resize(size, size);
-        for (const Bar* bar : window.bars) {
-            EXPECT_GE(bar->width, 0) << size;
-            EXPECT_GE(bar->height, 0) << size;
+        for (const std::size_t bar : {0, 1}) {
+            const rectangle<int> place = window.Find<FakeScrollBar>(bar)->GetPos();
+            EXPECT_TRUE(place.left >= 0 && place.top >= 0) << size;
         }
         window.Paint();
     }
@@ -315,7 +236,7 @@ TEST_F(TableViewTest, DiesWithItsWindowWhileItWorks)
 {
     view.SortBy(0, false);
     window.ProcessDestroy();
-    EXPECT_TRUE(system.runners.empty());
+    EXPECT_TRUE(system.Runners().empty());
 }
 
 } // namespace

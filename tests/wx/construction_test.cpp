@@ -2,7 +2,7 @@
 #include "windowhelpers.h"
 
 #include "vela7/palette.h"
-#include "vela7/parentresizehandler.h"
+#include "vela7/wxparentresizehandler.h"
 
 #include <stdexcept>
 #include <wx/app.h>

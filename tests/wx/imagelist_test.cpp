@@ -2,7 +2,7 @@
 
 #include "vela7/wximagelist.h"
 
-#include "recordingpainter.h"
+#include "vela7/testing/recordingpainter.h"
 #include "scaledcanvas.h"
 #include "support/faults.h"
 #include "vela7/wxxpm.h"
@@ -191,7 +191,7 @@ TEST_F(ImageList, DrawsNothingWhereItCannot)
 {
     Add(Icon(16, 16, 0));
     const Pixels untouched = canvas.Draw([](IPainter&) {});
-    struct Foreign : seam::RecordingPainter
+    struct Foreign : testkit::RecordingPainter
     {
         wxDC* GetDC() override { return &dc; }
         wxMemoryDC dc;

@@ -1,14 +1,14 @@
 // A picture to draw on, and DPI scales of the test's choice.
 #pragma once
 
-#include "fakesystem.h"
+#include "vela7/testing/fakesystem.h"
 #include "support/pixels.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxrstpainter.h"
 
 namespace vela7::test {
 
-struct ScaledSystem : seam::FakeSystem
+struct ScaledSystem : testkit::FakeSystem
 {
     double GetDPIScale() const override { return scale; }
     double scale = 1.0;

@@ -314,6 +314,9 @@ public:
     static _color ToGray(const _color& color);
 
 protected:
+    /// GetClipRect in device coordinates; null: no clip.
+    const rectangle<int>* GetDeviceClip() const { return m_clipped ? &m_clip : nullptr; }
+
     ICanvas* m_canvas = nullptr; // the painted one; it keeps or outlives this painter
     PointStyle m_pointStyle = ptPixel;
     bool m_antiAlias = false;
