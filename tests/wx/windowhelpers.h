@@ -5,9 +5,9 @@
 #include "support/fixture.h"
 #include "support/pixels.h"
 #include "vela7/painter.h"
-#include "vela7/wxvelawindow.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxsyswindow.h"
+#include "vela7/wxvelawindow.h"
 
 #include <wx/image.h>
 #include <wx/panel.h>

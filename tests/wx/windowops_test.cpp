@@ -203,7 +203,23 @@ TEST_F(WindowOps, UpdateWindowStateGivesFontAndColours)
     EXPECT_EQ(frame, GetTopWindow());
 }
 
-// ---- the mouse; + captures, - releases, ! destroys; B is beside A, C on A, and F is a window of the host's
+TEST_F(WindowOps, CaptureMayBeTakenAway)
+{
+    PointAt(native, 50, 40);
+    heard->Hear<IMouseNotify>();
+    window->CaptureMouse();
+    gdk_pointer_grab(gtk_widget_get_window(frame->GetHandle()), FALSE, GDK_BUTTON_PRESS_MASK, nullptr,
+                     nullptr, GDK_CURRENT_TIME);
+    Settle();
+    gdk_pointer_ungrab(GDK_CURRENT_TIME);
+    EXPECT_EQ(nullptr, wxWindow::GetCapture());
+    EXPECT_EQ(Lines{}, heard->Take());
+    window->CaptureMouse(); // and can be had again
+    EXPECT_EQ(native, wxWindow::GetCapture());
+    window->ReleaseMouse();
+}
+
+// ---- + captures, - releases, ! destroys; B is beside A, C on A, and F is a window of the host's
 
 TEST_F(WindowOps, CapturesEndInAnyOrder)
 {
