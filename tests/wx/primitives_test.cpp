@@ -11,6 +11,7 @@ using namespace vela7;
 using namespace vela7::test;
 
 const wxRect nothing;
+constexpr std::uint32_t black = 0;
 constexpr double inf = std::numeric_limits<double>::infinity();
 
 using Drawing = DrawingTest;
@@ -54,6 +55,7 @@ const struct { const char* name; std::function<void(CwxPainter&)> draw; wxRect b
         p.PolyBezier(star, 0); p.Polygon(star, 0); p.Polygon(nullptr, 4); p.PolyLine(star, -3);
         p.PolyLine(hook, 5, 4, 2); p.PolyLine(hook, 5, 9, -1); p.PolyLine(hook, 0); }, nothing, {}},
     {"PolyBezier", [](CwxPainter& p) { p.PolyBezier(star, 5, 1, 3); }, {29, 38, 60, 47}, {{50, 50, ground}}},
+    {"ShortestBezier", [](CwxPainter& p) { p.PolyBezier(hook, 2); }, {0, 0, 1, 10}, {}},
     {"Polygon",   [](CwxPainter& p) { p.Polygon(star, 5); }, {11, 10, 79, 75},
         {{50, 20, blue}, {50, 50, ground}, {50, 10, red}}}, // odd-even: the middle stays open
     {"GradientH", [](CwxPainter& p) { p.GradientH(10, 10, 90, 60, clYellow, clBlue, 3); }, {10, 10, 80, 50},
@@ -258,16 +260,16 @@ TEST_F(Drawing, BlendsByTransparency)
 
 TEST_F(Drawing, XPMIsShortenedNeverShifted)
 {
-    std::vector<const char*> lines = {"16 16 4 1", "r c #FF0000", "y c #FFFF00", "b c #0000FF", "  c None"};
+    std::vector<const char*> lines = {"16 16 4 1", "r c #FF0000", "y c #FFFF00", "b c #000000", "  c None"};
     lines.insert(lines.end(), 15, "rrrryyyybbbb    ");
     lines.push_back("rbrbrbrbrbrbrbrb");
     const XPMImage xpm(lines.data());
     // clang-format off
     const struct { int cx, cy, w, h; double scale; wxRect box; int x; std::uint32_t colour; } cases[] = { // of the pixel (x, 50)
         {0, 0, -1, -1, 1.0, {100, 50, 16, 16}, 104, yellow},  {4, 0, -1, -1, 1.0, {100, 50, 12, 16}, 103, red},
-        {0, 9, -1, -1, 1.0, {100, 50, 12, 7}, 111, blue},     {0, 0, 99, 99, 1.0, {100, 50, 16, 16}, 112, ground},
-        {6, 2, 12, 3, 0.5, {100, 50, 10, 3}, 108, blue},      {0, 0, 17, 17, std::nan(""), {100, 50, 16, 16}, 100, red},
-        {4, 0, -1, -1, 1.5, {100, 50, 18, 24}, 105, yellow},  {0, 0, 5, 5, 1.5, {100, 50, 6, 7}, 105, blue}, // squeezed
+        {0, 9, -1, -1, 1.0, {100, 50, 12, 7}, 111, black},     {0, 0, 99, 99, 1.0, {100, 50, 16, 16}, 112, ground},
+        {6, 2, 12, 3, 0.5, {100, 50, 10, 3}, 108, black},      {0, 0, 17, 17, std::nan(""), {100, 50, 16, 16}, 100, red},
+        {4, 0, -1, -1, 1.5, {100, 50, 18, 24}, 105, yellow},  {0, 0, 5, 5, 1.5, {100, 50, 6, 7}, 105, black}, // squeezed
         {16, 0, -1, -1, 1.0, nothing, 100, ground},           {0, 0, -1, -1, 1e9, nothing, 100, ground}, // no such picture
         {2, 2, -1, -1, 1000, {100, 50, 300, 250}, 399, red}}; // of a very large one, what can be seen
     // clang-format on
@@ -278,8 +280,9 @@ TEST_F(Drawing, XPMIsShortenedNeverShifted)
         EXPECT_EQ(c.box, BoxOfOthers(drawn, ground));
         EXPECT_EQ(c.colour, drawn.At(c.x, 50));
     }
-    const Pixels middle = Draw([&](CwxPainter& p) { p.DrawXPM(xpm, -6900, -6900, 2, 2, -1, -1, 1000); });
-    EXPECT_TRUE(middle.At(99, 0) == yellow && middle.At(100, 0) == blue);
+    const Pixels middle = Draw([&](CwxPainter& p) { p.DrawXPM(xpm, -6900, -6400, 2, 9, -1, -1, 1000); });
+    EXPECT_TRUE(middle.At(99, 100) == yellow && middle.At(100, 100) == black);
+    EXPECT_TRUE(middle.At(99, 200) == black && middle.At(100, 200) == red);
     const Pixels inverted = Draw([&](CwxPainter& p) { p.DrawXPM(xpm, 100, 50, 0, 0, -1, -1, 1.0, roXor); });
     EXPECT_TRUE(inverted.At(100, 50) == (ground ^ red) && inverted.At(115, 50) == ground);
 }

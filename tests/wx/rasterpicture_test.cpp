@@ -389,6 +389,7 @@ TEST_F(RasterPicture, HostileInputChangesNothing)
         Quoted({"9 3 2 1", "/ c red", "* c None", "/*/*/*/*/", "/////////", "////*****"});
     for (std::size_t length = 0; length < whole.size() - 8; ++length) // cut before its last line ends
         texts.push_back(whole.substr(0, length));
+    texts.push_back(whole + "/*");
     for (const std::string& text : texts) {
         Load(picture, text);
         SCOPED_TRACE(text.substr(0, 200));

@@ -137,6 +137,8 @@ TEST_F(Painter, BufferedPaintKeepsItsPictureWhenNothingIsCleared)
     EXPECT_EQ(10 * 10, p.CountColour(p.Bounds(), blue));
     EXPECT_EQ(400 * 300 - 10 * 10, p.CountColour(p.Bounds(), red));
     painter->SetBackgroundColor(Toolkit(ground));
+    EXPECT_TRUE(CPaintScope(*painter, ssAsIs).IsOk());
+    ExpectSamePixels(p, ReadPixels(frame), "as it is");
     EXPECT_FALSE(IsFresh(*painter));
     EXPECT_EQ(wxRect(), BoxOfOthers(ReadPixels(frame), ground));
 }
@@ -162,19 +164,19 @@ TEST_F(Painter, GrowthKeepsContentAndNeverShrinks)
     CDrawBufferManager manager;
     bool fresh = false;
     const CwxWinPainter* const key = painter.get();
-    wxBitmap* bitmap = manager.GetBuffer(key, 100, 100, 1.0, &fresh, *wxRED);
+    wxBitmap* bitmap = manager.GetBuffer(key, 100, 90, 1.0, &fresh, *wxRED);
     ASSERT_TRUE(bitmap && fresh);
     bitmap = manager.GetBuffer(key, 150, 80, 1.0, &fresh, *wxBLUE);
     EXPECT_FALSE(fresh);
-    ASSERT_EQ(wxSize(150, 100), bitmap->GetSize());
+    ASSERT_EQ(wxSize(150, 90), bitmap->GetSize());
     const Pixels grown = ReadPixels(*bitmap);
-    EXPECT_EQ(100 * 100, grown.CountColour(wxRect(0, 0, 100, 100), red));
-    EXPECT_EQ(50 * 100, grown.CountColour(wxRect(100, 0, 50, 100), blue));
+    EXPECT_EQ(100 * 90, grown.CountColour(wxRect(0, 0, 100, 90), red));
+    EXPECT_EQ(50 * 90, grown.CountColour(wxRect(100, 0, 50, 90), blue));
     EXPECT_EQ(bitmap, manager.GetBuffer(key, 10, 10, 1.0, &fresh));
-    // At scale 2.0 the 150 x 100 pixels count as 75 x 50.
-    EXPECT_EQ(bitmap, manager.GetBuffer(key, 75, 50, 2.0, &fresh));
-    EXPECT_EQ(wxSize(150, 102), manager.GetBuffer(key, 75, 51, 2.0, &fresh)->GetSize());
-    EXPECT_EQ(wxSize(152, 102), manager.GetBuffer(key, 76, 10, 2.0, &fresh)->GetSize());
+    // At scale 2.0 the 150 x 90 pixels count as 75 x 45.
+    EXPECT_EQ(bitmap, manager.GetBuffer(key, 75, 45, 2.0, &fresh));
+    EXPECT_EQ(wxSize(150, 92), manager.GetBuffer(key, 75, 46, 2.0, &fresh)->GetSize());
+    EXPECT_EQ(wxSize(152, 92), manager.GetBuffer(key, 76, 10, 2.0, &fresh)->GetSize());
     EXPECT_EQ(nullptr, manager.GetExistingBuffer(nullptr, 10, 10, 1.0));
 }
 
