@@ -109,20 +109,6 @@ TEST_F(WindowEvents, WhatWxGetsToSee)
     }
 }
 
-// wx asserts when a window does not mind that.
-TEST_F(WindowEvents, CaptureMayBeTakenAway)
-{
-    window->CaptureMouse();
-    gdk_pointer_grab(gtk_widget_get_window(frame->GetHandle()), FALSE, GDK_BUTTON_PRESS_MASK, nullptr,
-                     nullptr, GDK_CURRENT_TIME);
-    Settle();
-    gdk_pointer_ungrab(GDK_CURRENT_TIME);
-    EXPECT_EQ(nullptr, wxWindow::GetCapture());
-    window->CaptureMouse(); // and can be had again
-    EXPECT_EQ(native, wxWindow::GetCapture());
-    window->ReleaseMouse();
-}
-
 TEST_F(WindowEvents, NavigationBecomesTabInTheMainLoop)
 {
     // clang-format off
