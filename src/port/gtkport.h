@@ -67,8 +67,9 @@ private:
 /// inside the application go on to the windows they belong to.
 void GrabPointer(const wxWindow& window);
 
-/// From now on wx is not told that the window lost its capture when that is about an earlier one: GDK reports the
-/// end of a grab late, when the window may have the pointer again. Once for each window, further calls do nothing.
+/// From now on wx is not told that the window lost its capture when that is about an earlier one: GDK reports
+/// the end of a grab late, when the window may have the pointer again. Once for each window, further calls do
+/// nothing.
 void IgnorePastGrabs(const wxWindow& window);
 
 /// At the first frame, counting time from now on; for EndAnimation. Null when there are no frames.

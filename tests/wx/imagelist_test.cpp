@@ -2,9 +2,9 @@
 
 #include "vela7/wximagelist.h"
 
-#include "vela7/testing/recordingpainter.h"
 #include "scaledcanvas.h"
 #include "support/fixture.h"
+#include "vela7/testing/recordingpainter.h"
 #include "vela7/wxwinpainter.h"
 #include "vela7/wxxpm.h"
 

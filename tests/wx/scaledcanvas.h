@@ -1,8 +1,8 @@
 // A picture to draw on, and DPI scales of the test's choice.
 #pragma once
 
-#include "vela7/testing/fakesystem.h"
 #include "support/pixels.h"
+#include "vela7/testing/fakesystem.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/wxrstpainter.h"
 
