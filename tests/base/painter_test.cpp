@@ -78,6 +78,18 @@ TEST(PainterOperations, ReachTheDeviceInsideABracketInDeviceCoordinates)
     }
 }
 
+TEST(PainterOperations, NeedPoints)
+{
+    RecordingPainter p;
+    const CPaintScope paint(p);
+    p.drawn.Take();
+    for (const point<double>* from : {points, static_cast<const point<double>*>(nullptr)}) {
+        const int count = from ? 0 : 3;
+        p.PolyLine(from, count), p.PolyBezier(from, count), p.Polygon(from, count);
+    }
+    EXPECT_EQ(p.drawn.Take(), Lines{});
+}
+
 // ---- the bracket
 
 TEST(PaintBracket, NestsAndForgivesExtraEnds)

@@ -68,6 +68,7 @@ TEST_F(TextLayout, BreaksLines)
         {"aa,bb<cc>dd",       4, {"aa,", "bb<", "cc>", "dd"}},
         {"aa:bb.cc_dd",       3, {"aa:", "bb.", "cc_", "dd"}},
         {"aa-bb/cc",          9, {"aa-bb/cc"}},           {"aa-bb",         3, {"aa-", "bb"}},
+        {"abc\tdef",          3, {"abc", "\tde", "f"}},
         {"abcdefg hi",        3, {"abc", "def", "g", "hi"}}, {"abcdefg hi", 4, {"abcd", "efg", "hi"}},
         {"abcdefg,hi",        5, {"abcde", "fg,hi"}},     {"x abcd y",      3, {"x", "abc", "d y"}},
         {"äöü",               3, {"ä", "ö", "ü"}},        {"€€",            7, {"€€"}}, {"€€",  5, {"€", "€"}},

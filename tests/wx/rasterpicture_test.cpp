@@ -187,7 +187,7 @@ TEST_F(RasterPicture, Blurs)
 {
     // clang-format off
     const struct { size<int> radius; screen_rectangle<int> area; wxRect box; } rows[] = { // of the one white pixel at (9, 4)
-        {{0, 0}, all, {9, 4, 1, 1}},  {{-1, 0}, all, {9, 4, 1, 1}}, {{3, 0}, all, {6, 4, 7, 1}}, {{0, 2}, all, {9, 2, 1, 5}},
+        {{0, 0}, all, {9, 4, 1, 1}},  {{-1, 0}, all, {9, 4, 1, 1}}, {{3, 0}, all, {6, 4, 7, 1}}, {{0, 2}, all, {9, 2, 1, 5}}, {{0, 1}, all, {9, 3, 1, 3}},
         {{3, 2}, all, {6, 2, 7, 5}},  {{900, 0}, all, {0, 4, 20, 1}}, {{0, 900}, all, {9, 0, 1, 10}},
         {{3, 3}, Area(8, 2, 11, 6), {8, 2, 3, 4}}, // inside the area only
         {{3, 0}, Area(10, 2, 14, 9), {9, 4, 1, 1}},

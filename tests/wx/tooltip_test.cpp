@@ -271,10 +271,14 @@ TEST_F(Tooltip, UnderAGrab)
 
 TEST_F(Tooltip, ShowsACustomLayer)
 {
+    tip->SetLayerMode(ITooltip::lmNormal, true);
+    EXPECT_EQ(nullptr, tip->GetCustomLayer());
     for (const bool hides : {true, false}) {
         tip->SetLayerMode(ITooltip::lmCustom, hides);
         ISysWindow* const layer = tip->GetCustomLayer();
         ASSERT_TRUE(layer);
+        tip->SetLayerMode(ITooltip::lmCustom, hides);
+        EXPECT_EQ(layer, tip->GetCustomLayer());
         layer->TakeDefPainter()->SetBackgroundColor(_color(0xff, 0, 0));
         tip->SetWidth(120), tip->SetHeight(40);
         ShowAt(10, 10, "");
