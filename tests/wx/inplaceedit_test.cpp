@@ -135,7 +135,8 @@ TEST_P(EditAndCombo, ContextMenuIsTheListeners)
         return edits->Take();
     };
     EXPECT_EQ(Lines{"menu 3,-30"}, ask(control->ClientToScreen(wxPoint(3, -30))));
-    for (const wxPoint& edge : {wxPoint(-1, 400), wxPoint(400, -1)}) { // of the screen; not by a key
+    for (const wxPoint& edge :
+         {wxPoint(-1, 400), wxPoint(400, -1), wxPoint(0, -1)}) { // of the screen; not by a key
         const wxPoint client = control->ScreenToClient(edge);
         EXPECT_EQ(Lines{"menu " + At(client.x, client.y)}, ask(edge));
     }
