@@ -166,8 +166,9 @@ TEST_F(ImageList, DrawsImagesAsTheyAreNow)
         {[](wxImage& i) { i = Icon(20, 16, 2); }, red}};
     for (const auto& [change, expected] : steps) {
         change(image);
-        for (const int side : {0, 32})
-            EXPECT_EQ(expected, Shown(&IImageList::DrawTransparent, 0, 0, 0, side, side).At(8, 8));
+        for (const int side : {0, 32, 4096}) // of the last one, what can be seen
+            EXPECT_EQ(expected,
+                      Shown(&IImageList::DrawTransparent, 0, -side / 2, -side / 2, side, side).At(8, 8));
     }
 }
 
