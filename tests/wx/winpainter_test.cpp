@@ -207,14 +207,17 @@ TEST_F(Painter, ScrollMovesTheInclusiveRectangleOfTheBuffer)
         painter->SetBrush(brush{clBlue, bsSolid});
         painter->FillRect(10, 10, 14, 14);
         painter->FillRect(399, 299, 400, 300);
-        painter->FillRect(20, 12, 21, 13);              // beside what scrolls
+        painter->FillRect(20, 12, 21, 13); // beside what scrolls
+        painter->FillRect(50, 0, 51, 1), painter->FillRect(0, 50, 1, 51);
         painter->ScrollContent(100, 0, 10, 10, 13, 13); // not during a paint
     }
     painter->ScrollContent(20, 5, 10, 10, 13, 13);
+    painter->ScrollContent(0, 3, 50, 0, 50, 0), painter->ScrollContent(3, 0, 0, 50, 0, 50);
     EXPECT_FALSE(IsFresh(*painter)); // and shows it
     const Pixels p = ReadPixels(frame);
     EXPECT_EQ(16, p.CountColour(wxRect(30, 15, 4, 4), blue));
-    EXPECT_EQ(34, p.CountColour(p.Bounds(), blue));         // the source stays
+    EXPECT_TRUE(p.At(50, 3) == blue && p.At(3, 50) == blue);
+    EXPECT_EQ(38, p.CountColour(p.Bounds(), blue));         // the source stays
     painter->ScrollContent(-100, -100, 399, 299, 450, 350); // beyond the edge
     for (const int far : {INT_MIN, -40000, 40000, INT_MAX})
         painter->ScrollContent(0, far, INT_MIN, 0, 400, 300);
