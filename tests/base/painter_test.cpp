@@ -84,7 +84,7 @@ TEST(PainterOperations, NeedPoints)
     const CPaintScope paint(p);
     p.drawn.Take();
     for (const point<double>* from : {points, static_cast<const point<double>*>(nullptr)}) {
-        const int count = from ? 0 : 3;
+        const int count = from ? -1 : 3;
         p.PolyLine(from, count), p.PolyBezier(from, count), p.Polygon(from, count);
     }
     EXPECT_EQ(p.drawn.Take(), Lines{});
