@@ -119,7 +119,7 @@ CEventLife::CHold* CEventLife::FindKept(const void* storage)
 void CEventLife::Leftover(CHold& hold, std::unique_ptr<wxObject> object)
 {
     hold.m_leftovers.push_front(object.get());
-    object.release();
+    static_cast<void>(object.release());
 }
 
 } // namespace vela7

@@ -53,7 +53,7 @@ rectangle<int> Normalised(const wxPoint& a, const wxPoint& b)
 struct BorderRow
 {
     ISysWindow::BorderStyle style;
-    long wx;
+    int wx;
 };
 
 // clang-format off
