@@ -1,7 +1,7 @@
 #include "vela7/wxinplacetext.h"
 
 #include "controls/controlevents.h"
-#include "port/gtkport.h"
+#include "port/widgets.h"
 #include "vela7/system.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxnativewindows.h"

@@ -8,7 +8,7 @@
 #include "vela7/wxpopupmenu.h"
 
 #include "life/callout.h"
-#include "port/gtkport.h"
+#include "port/menus.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxeventlife.h"
 

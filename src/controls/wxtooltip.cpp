@@ -7,7 +7,7 @@
 #include "vela7/wxtooltip.h"
 
 #include "life/hanging.h"
-#include "port/gtkport.h"
+#include "port/pointer.h"
 #include "vela7/system.h"
 #include "vela7/wxsyswindow.h"
 #include "vela7/wxvelawindow.h"

@@ -1,7 +1,7 @@
 #include "life/capture.h"
 
 #include "life/hanging.h"
-#include "port/gtkport.h"
+#include "port/pointer.h"
 
 #include <wx/window.h>
 

@@ -1,6 +1,6 @@
 #include "life/hanging.h"
 
-#include "port/gtkport.h"
+#include "port/pointer.h"
 
 #include <wx/event.h>
 #include <wx/eventfilter.h>

@@ -1,6 +1,6 @@
 #include "vela7/wxeventlife.h"
 
-#include "port/gtkport.h"
+#include "port/widgets.h"
 
 #include <wx/app.h>
 #include <wx/window.h>

@@ -3,7 +3,7 @@
 #include "convert/devicebounds.h"
 #include "convert/xpmread.h"
 #include "pictures/imagehelpers.h"
-#include "port/gtkport.h"
+#include "port/frames.h"
 #include "vela7/painter.h"
 #include "vela7/system.h"
 

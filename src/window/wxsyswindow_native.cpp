@@ -4,7 +4,7 @@
 
 #include "life/capture.h"
 #include "life/leavingparent.h"
-#include "port/gtkport.h"
+#include "port/widgets.h"
 #include "vela7/wxsyswindow.h"
 
 #include <list>

@@ -1,5 +1,7 @@
 #include "scene.h"
 
+#include "support/platform.h"
+
 #include "vela7/wxcustomcontrol.h"
 
 #include <fnmatch.h>
@@ -307,7 +309,7 @@ void Scene::FrameWorks()
     Lives(theControl) ? Tap(GDK_KEY_Escape) : void();
     popup ? popup->Hide() : void();
     frame ? Settle() : GuiTest::SetUp();
-    EXPECT_FALSE(gdk_pointer_is_grabbed() || gtk_grab_get_current()) << "a grab is left";
+    EXPECT_FALSE(PointerIsGrabbed()) << "a grab is left";
     auto* const fresh = new CwxSysWindow(frame, true, ISysWindow::wtNormal);
     fresh->SetWindowRect(250, 210, 390, 290, false);
     Native(fresh)->Raise();

@@ -1,5 +1,6 @@
 #include "support/waits.h"
 
+#include "support/platform.h"
 #include "support/x11.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +39,7 @@ void Settle()
         EXPECT_TRUE(x11::SyncWithWindowManager()) << "the window manager does not answer";
         gdk_display_sync(gdk_display_get_default());
         Drain();
+        AwaitFrames();
     }
 }
 

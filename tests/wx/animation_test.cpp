@@ -3,6 +3,7 @@
 #include "vela7/wxanimation.h"
 
 #include "scaledcanvas.h"
+#include "support/platform.h"
 #include "support/process.h"
 #include "support/waits.h"
 
@@ -110,8 +111,8 @@ TEST_F(Animation, WithoutFramesOrPaint)
 TEST_F(Animation, KeepsNoReferences)
 {
     const wxAnimation still(Make("still.png", {"xc:red"}));
-    GObject* const frames = G_OBJECT(still.GetPixbuf());
-    GObject* const pixels = G_OBJECT(gdk_pixbuf_animation_get_static_image(still.GetPixbuf()));
+    GObject* const frames = G_OBJECT(PixbufOf(still));
+    GObject* const pixels = G_OBJECT(gdk_pixbuf_animation_get_static_image(PixbufOf(still)));
     const guint before = frames->ref_count, pixelsBefore = pixels->ref_count;
     {
         CwxAnimation animation;

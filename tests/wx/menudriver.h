@@ -1,6 +1,7 @@
 // Three menus in each other, and a hand that chooses from them while they are open.
 #pragma once
 
+#include "support/platform.h"
 #include "support/x11.h"
 #include "vela7/wxpopupmenu.h"
 #include "windowhelpers.h"
@@ -49,7 +50,7 @@ private:
     {
         if (!gtk_widget_get_mapped(item) || !gdk_window_is_viewable(gtk_widget_get_window(item)))
             return;
-        if (gtk_widget_get_state(item) != GTK_STATE_PRELIGHT) {
+        if (!IsPrelit(item)) {
             wxPoint at;
             GtkAllocation area;
             gdk_window_get_origin(gtk_widget_get_window(item), &at.x, &at.y);

@@ -1,4 +1,5 @@
 // Popups: what hides them, where the focus goes.
+#include "support/platform.h"
 #include "windowhelpers.h"
 
 #include "vela7/wxpopup.h"
@@ -35,7 +36,6 @@ protected:
         heard->Take();
     }
     static void ClickAt(const wxPoint& place) { MovePointer(place.x, place.y), Click(); }
-    static bool Grabbed() { return gdk_pointer_is_grabbed() || gtk_grab_get_current(); }
     wxTextCtrl* other = nullptr;
     CHandle<IPopup> popup;
     ISysWindow* content = nullptr;
@@ -104,7 +104,7 @@ TEST_F(Popups, GrabComesBack)
     EXPECT_EQ(1, inside->Count("press"));
     ClickAt(onRoot);
     content->ReleaseMouse(); // grabs for a popup that is shown only
-    EXPECT_FALSE(popup->IsVisible() || Grabbed());
+    EXPECT_FALSE(popup->IsVisible() || PointerIsGrabbed());
 }
 
 // What is created on the content of the one, and on a window in the frame, hides with that.
@@ -121,6 +121,6 @@ TEST_F(Popups, HideWithWhatTheyHangOn)
         hidden->Show();
         popup->Hide();
         Settle();
-        EXPECT_FALSE(Grabbed());
+        EXPECT_FALSE(PointerIsGrabbed());
     }
 }

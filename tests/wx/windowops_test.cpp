@@ -1,4 +1,5 @@
 // What toolkit windows do when they are asked to.
+#include "support/platform.h"
 #include "windowhelpers.h"
 
 #include <climits>
@@ -208,10 +209,9 @@ TEST_F(WindowOps, CaptureMayBeTakenAway)
     PointAt(native, 50, 40);
     heard->Hear<IMouseNotify>();
     window->CaptureMouse();
-    gdk_pointer_grab(gtk_widget_get_window(frame->GetHandle()), FALSE, GDK_BUTTON_PRESS_MASK, nullptr,
-                     nullptr, GDK_CURRENT_TIME);
+    GrabPointer(*frame);
     Settle();
-    gdk_pointer_ungrab(GDK_CURRENT_TIME);
+    UngrabPointer();
     EXPECT_EQ(nullptr, wxWindow::GetCapture());
     EXPECT_EQ(Lines{}, heard->Take());
     window->CaptureMouse(); // and can be had again
