@@ -1,6 +1,7 @@
 #include "convert/devicebounds.h"
 
 #include "convert/xpmread.h"
+#include "port/drawing.h"
 #include "port/gtkport.h"
 
 #include <wx/pen.h>
@@ -109,7 +110,7 @@ void DrawCut(wxDC& dc, const Sides& sides, const Points& points)
     std::vector<wxPoint> run;
     const auto draw = [&] {
         if (run.size() > 1)
-            dc.DrawLines(static_cast<int>(run.size()), run.data());
+            gtkport::DrawLines(dc, static_cast<int>(run.size()), run.data());
         run.clear();
     };
     for (std::size_t i = 1; i < points.size(); ++i) {
@@ -164,9 +165,18 @@ CDeviceBounds::CDeviceBounds(const wxDC& dc)
 void DrawLines(wxDC& dc, const std::vector<wxPoint>& points)
 {
     if (AreOrdinary(points))
-        dc.DrawLines(static_cast<int>(points.size()), points.data());
+        gtkport::DrawLines(dc, static_cast<int>(points.size()), points.data());
     else
         DrawCut(dc, SidesOf(dc), Exactly(points));
+}
+
+void DrawLine(wxDC& dc, const point<int>& from, const point<int>& to)
+{
+    const wxPoint ends[] = {{from.x, from.y}, {to.x, to.y}};
+    if (IsOrdinary(from.x, from.y, to.x, to.y))
+        gtkport::DrawLines(dc, 2, ends);
+    else
+        DrawCut(dc, SidesOf(dc), {Point(from.x, from.y), Point(to.x, to.y)});
 }
 
 // As wx draws it: straight to the middle of the first side and from that of the last, and between the middles
@@ -174,7 +184,7 @@ void DrawLines(wxDC& dc, const std::vector<wxPoint>& points)
 void DrawSpline(wxDC& dc, const std::vector<wxPoint>& points)
 {
     if (AreOrdinary(points)) {
-        dc.DrawSpline(static_cast<int>(points.size()), points.data());
+        gtkport::DrawSpline(dc, static_cast<int>(points.size()), points.data());
         return;
     }
     const Sides sides = SidesOf(dc);
@@ -189,7 +199,7 @@ void DrawSpline(wxDC& dc, const std::vector<wxPoint>& points)
 void DrawPolygon(wxDC& dc, const std::vector<wxPoint>& points)
 {
     if (AreOrdinary(points)) {
-        dc.DrawPolygon(static_cast<int>(points.size()), points.data(), 0, 0, wxODDEVEN_RULE);
+        gtkport::DrawPolygon(dc, static_cast<int>(points.size()), points.data());
         return;
     }
     const Sides sides = SidesOf(dc);
@@ -199,7 +209,7 @@ void DrawPolygon(wxDC& dc, const std::vector<wxPoint>& points)
     std::transform(cut.begin(), cut.end(), inside.begin(), Rounded);
     const wxPen pen = dc.GetPen();
     dc.SetPen(*wxTRANSPARENT_PEN); // the sides of the bounds are no outline
-    dc.DrawPolygon(static_cast<int>(inside.size()), inside.data(), 0, 0, wxODDEVEN_RULE);
+    gtkport::DrawPolygon(dc, static_cast<int>(inside.size()), inside.data());
     dc.SetPen(pen);
     outline.push_back(Point(outline.front()));
     DrawCut(dc, sides, outline);
@@ -266,7 +276,8 @@ void Copy(wxDC& to, const rectangle<int>& target, wxDC& from, const point<int>& 
         cut(rect.top, rect.bottom, start.y, seen.y, seen.height, there.y, there.height);
     }
     if (!rect.IsEmpty())
-        to.Blit(rect.left, rect.top, rect.Width(), rect.Height(), &from, start.x, start.y, op, useMask);
+        gtkport::Blit(to, wxRect(rect.left, rect.top, rect.Width(), rect.Height()), from,
+                      wxPoint(start.x, start.y), op, useMask);
 }
 
 } // namespace vela7

@@ -62,13 +62,7 @@ inline wxRect Bounded(const wxDC& dc, int l, int t, int r, int b)
 void DrawLines(wxDC& dc, const std::vector<wxPoint>& points);
 void DrawSpline(wxDC& dc, const std::vector<wxPoint>& points);
 void DrawPolygon(wxDC& dc, const std::vector<wxPoint>& points);
-inline void DrawLine(wxDC& dc, const point<int>& from, const point<int>& to)
-{
-    if (IsOrdinary(from.x, from.y, to.x, to.y))
-        dc.DrawLine(from.x, from.y, to.x, to.y);
-    else
-        DrawLines(dc, {wxPoint(from.x, from.y), wxPoint(to.x, to.y)});
-}
+void DrawLine(wxDC& dc, const point<int>& from, const point<int>& to);
 
 /// Whether some of a rectangle can be seen on the device.
 bool CanBeSeen(const wxDC& dc, int x, int y, int width, int height);

@@ -1,6 +1,7 @@
 #include "vela7/wxdrawbuffer.h"
 
 #include "convert/devicebounds.h"
+#include "port/drawing.h"
 
 #include <wx/brush.h>
 #include <wx/dcmemory.h>
@@ -38,7 +39,7 @@ wxBitmap* CDrawBuffer::GetBuffer(int width, int height, double scale, const wxCo
             if (grown->IsOk()) {
                 wxMemoryDC target(*grown);
                 wxMemoryDC source(*bitmap);
-                target.Blit(0, 0, ownWidth, ownHeight, &source, 0, 0, wxCOPY, false);
+                gtkport::Blit(target, wxRect(0, 0, ownWidth, ownHeight), source, wxPoint(), wxCOPY, false);
             }
             bitmap = std::move(grown);
         }

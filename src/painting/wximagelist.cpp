@@ -3,6 +3,7 @@
 #include "convert/devicebounds.h"
 #include "convert/xpmread.h"
 #include "pictures/imagehelpers.h"
+#include "port/drawing.h"
 #include "vela7/system.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxpainter.h"
@@ -201,15 +202,15 @@ void CwxImageList::DrawBitmap(wxDC* dc, wxBitmap& bitmap, int x, int y, bool tra
         return;
     const wxWindow* const window = dc->GetWindow();
     if (!normal) {
-        dc->DrawBitmap(bitmap, x, y, transparent);
+        gtkport::DrawPicture(*dc, bitmap, {x, y}, transparent);
     } else if (bitmap.HasAlpha() || (window && window->GetLayoutDirection() == wxLayout_RightToLeft)) {
         // wx mirrors what DrawBitmap draws in such windows, but not what is blitted.
         wxMemoryDC memory(bitmap);
-        dc->Blit(x, y, bitmap.GetWidth(), bitmap.GetHeight(), &memory, 0, 0, wxCOPY, transparent);
+        gtkport::Blit(*dc, wxRect(wxPoint(x, y), bitmap.GetSize()), memory, wxPoint(), wxCOPY, transparent);
     } else { // the same pixels without the costs of a memory DC
         const wxRasterOperationMode before = dc->GetLogicalFunction();
         dc->SetLogicalFunction(wxCOPY);
-        dc->DrawBitmap(bitmap, x, y, transparent);
+        gtkport::DrawPicture(*dc, bitmap, {x, y}, transparent);
         dc->SetLogicalFunction(before);
     }
 }

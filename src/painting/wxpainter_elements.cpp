@@ -3,6 +3,7 @@
 
 #include "vela7/wxpainter.h"
 
+#include "port/drawing.h"
 #include "port/gtkport.h"
 #include "vela7/border.h"
 #include "vela7/palette.h"
@@ -140,9 +141,8 @@ void CwxPainter::DrawOffScreen(wxWindow* window, ControlElement element, const w
     if (brush.GetStyle() != wxBRUSHSTYLE_SOLID)
         memory.Blit(0, 0, shown.width, shown.height, device, shown.x, shown.y);
     memory.SetBrush(brush);
-    memory.SetPen(*wxTRANSPARENT_PEN);
     memory.SetDeviceOrigin(-shown.x, -shown.y); // hatches begin where those beside the element do
-    memory.DrawRectangle(shown);
+    gtkport::FillRectangle(memory, shown);
     memory.SetDeviceOrigin(0, 0);
     const wxRect there(whole.x - shown.x, whole.y - shown.y, whole.width, whole.height);
     DrawByTheme(window, memory, there, element, flags);

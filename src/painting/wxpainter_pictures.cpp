@@ -4,6 +4,7 @@
 
 #include "convert/devicebounds.h"
 #include "convert/xpmread.h"
+#include "port/drawing.h"
 #include "vela7/wxrasterpicture.h"
 #include "vela7/xpm.h"
 
@@ -132,7 +133,7 @@ void Blend(wxDC& dc, const wxBitmap& pixels, int x, int y, Transparency transpar
     for (int row = 0; row < image.GetHeight(); ++row)
         for (int column = 0; column < image.GetWidth(); ++column)
             *alpha++ = static_cast<unsigned char>(~transparency(column, row)); // 255 - transparency
-    dc.DrawBitmap(wxBitmap(image), x, y, true);
+    gtkport::DrawPicture(dc, wxBitmap(image), {x, y}, true);
 }
 
 } // namespace

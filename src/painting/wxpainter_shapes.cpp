@@ -3,6 +3,7 @@
 #include "vela7/wxpainter.h"
 
 #include "convert/devicebounds.h"
+#include "port/drawing.h"
 #include "vela7/wxconvert.h"
 
 #include <wx/brush.h>
@@ -86,21 +87,20 @@ _color CwxPainter::internalSetPixel(int x, int y, _color color)
     const bool canBeSeen = CanBeSeen(*device, x, y, 1, 1);
     if (color.flag != 0) {
         if (canBeSeen)
-            device->DrawPoint(x, y);
+            gtkport::DrawPoint(*device, {x, y});
         return wx2vela(device->GetPen().GetColour());
     }
     wxPen pen = device->GetPen();
     pen.SetColour(color.red, color.green, color.blue);
     const CPenScope scope(*device, pen);
     if (canBeSeen)
-        device->DrawPoint(x, y);
+        gtkport::DrawPoint(*device, {x, y});
     return color;
 }
 
 _color CwxPainter::internalGetPixel(int x, int y)
 {
-    wxColour read;
-    device->GetPixel(x, y, &read);
+    const wxColour read = gtkport::GetPixel(*device, {x, y});
     return wx2vela(read.IsOk() ? read : *wxBLACK);
 }
 
@@ -122,40 +122,28 @@ void CwxPainter::internalLineTo(int x, int y)
 
 void CwxPainter::internalFillRect(int l, int t, int r, int b)
 {
-    const CPenScope scope(*device, *wxTRANSPARENT_PEN);
-    device->DrawRectangle(Bounded(*device, l, t, r, b));
+    gtkport::FillRectangle(*device, Bounded(*device, l, t, r, b));
 }
 
 void CwxPainter::internalRectangle(int l, int t, int r, int b)
 {
-    device->DrawRectangle(Bounded(*device, l, t, r, b));
+    gtkport::DrawRectangle(*device, Bounded(*device, l, t, r, b));
 }
 
 void CwxPainter::internalEllipse(int l, int t, int r, int b)
 {
-    device->DrawEllipse(Bounded(*device, l, t, r, b));
+    gtkport::DrawEllipse(*device, Bounded(*device, l, t, r, b));
 }
 
 void CwxPainter::internalRoundRect(int l, int t, int r, int b, int ew, int eh)
 {
     // Kept by contract: the two sizes of the corner collapse into one radius and are not halved; wx has one.
-    const int radius = std::min({ew, eh, SHRT_MAX});
-    device->DrawRoundedRectangle(Bounded(*device, l, t, r, b), static_cast<double>(radius));
+    gtkport::DrawRoundedRectangle(*device, Bounded(*device, l, t, r, b), std::min({ew, eh, SHRT_MAX}));
 }
 
 void CwxPainter::internalFocusRect(int l, int t, int r, int b)
 {
-    static const wxDash dashes[] = {1, 2};
-    wxPen dotted(*wxWHITE, 1, wxPENSTYLE_USER_DASH);
-    dotted.SetDashes(2, dashes);
-    const wxRasterOperationMode before = device->GetLogicalFunction();
-    device->SetLogicalFunction(wxXOR);
-    {
-        const CPenScope pen(*device, dotted);
-        const CBrushScope brush(*device, *wxTRANSPARENT_BRUSH);
-        device->DrawRectangle(Bounded(*device, l, t, r, b));
-    }
-    device->SetLogicalFunction(before);
+    gtkport::InvertDotted(*device, Bounded(*device, l, t, r, b));
 }
 
 // wx computes the colours in ints, which are too short for long ways.
@@ -164,8 +152,8 @@ void CwxPainter::internalGradientH(int l, int t, int r, int b, _color from, _col
     const wxRect rect = Bounded(*device, l, t, r, b);
     const double way = static_cast<double>(r) - l;
     if (rect.width > 0)
-        device->GradientFillLinear(rect, Between(from, to, (rect.x - l) / way),
-                                   Between(from, to, (rect.x + rect.width - l) / way), wxRIGHT);
+        gtkport::DrawGradient(*device, rect, Between(from, to, (rect.x - l) / way),
+                              Between(from, to, (rect.x + rect.width - l) / way), wxRIGHT);
 }
 
 void CwxPainter::internalGradientV(int l, int t, int r, int b, _color from, _color to, unsigned long)
@@ -173,8 +161,8 @@ void CwxPainter::internalGradientV(int l, int t, int r, int b, _color from, _col
     const wxRect rect = Bounded(*device, l, t, r, b);
     const double way = static_cast<double>(b) - t;
     if (rect.height > 0)
-        device->GradientFillLinear(rect, Between(from, to, (rect.y - t) / way),
-                                   Between(from, to, (rect.y + rect.height - t) / way), wxDOWN);
+        gtkport::DrawGradient(*device, rect, Between(from, to, (rect.y - t) / way),
+                              Between(from, to, (rect.y + rect.height - t) / way), wxDOWN);
 }
 
 // Angles: whole degrees, truncated toward zero.
@@ -194,7 +182,7 @@ void CwxPainter::internalChord(int l, int t, int r, int b, int start, int end)
 void CwxPainter::internalPie(int l, int t, int r, int b, int start, int end)
 {
     const wxRect rect = Bounded(*device, l, t, r, b);
-    device->DrawEllipticArc(rect.GetTopLeft(), rect.GetSize(), StartAngle(start), EndAngle(start, end));
+    gtkport::DrawEllipticArc(*device, rect, StartAngle(start), EndAngle(start, end));
 }
 
 void CwxPainter::internalPolyLine(const point<int>* points, int count, int first, int last)

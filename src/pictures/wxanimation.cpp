@@ -3,6 +3,7 @@
 #include "convert/devicebounds.h"
 #include "convert/xpmread.h"
 #include "pictures/imagehelpers.h"
+#include "port/drawing.h"
 #include "port/frames.h"
 #include "vela7/painter.h"
 #include "vela7/system.h"
@@ -74,7 +75,7 @@ void CwxAnimation::Draw(IPainter* painter, int x, int y) const
             return;
         frame = wxBitmap(shown);
     }
-    dc.DrawBitmap(frame, left, top, true);
+    gtkport::DrawPicture(dc, frame, {left, top}, true);
 }
 
 CHandle<IAnimation> CreateAnimation(const wxAnimation& animation, bool dpiScale)

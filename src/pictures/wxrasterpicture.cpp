@@ -2,6 +2,7 @@
 
 #include "convert/devicebounds.h"
 #include "convert/xpmread.h"
+#include "port/drawing.h"
 #include "port/gtkport.h"
 #include "vela7/painter.h"
 #include "vela7/wxconvert.h"
@@ -154,7 +155,7 @@ void CwxRasterPicture::Blur(const size<int>& radius, const screen_rectangle<int>
         return;
     }
     wxMemoryDC memory(bitmap);
-    memory.DrawBitmap(wxBitmap(image), area.left, area.top, false);
+    gtkport::DrawPicture(memory, wxBitmap(image), {area.left, area.top}, false);
 }
 
 CHandle<IPainter> CwxRasterPicture::CreatePainter()
@@ -214,19 +215,19 @@ int CwxRasterPicture::GetCanvasMetrics(CanvasMetrics metric) const
     switch (metric) {
     case cmWidthMM:
     case cmHeightMM: // Kept by contract: the height in millimetres answers the width
-        return dc->GetSizeMM().GetWidth();
+        return gtkport::Millimetres(*dc).GetWidth();
     case cmScreenWidth:
         return wxScreenDC().GetSize().GetWidth();
     case cmScreenHeight:
         return wxScreenDC().GetSize().GetHeight();
     case cmScreenWidthMM:
-        return wxScreenDC().GetSizeMM().GetWidth();
+        return gtkport::Millimetres(wxScreenDC()).GetWidth();
     case cmScreenHeightMM:
-        return wxScreenDC().GetSizeMM().GetHeight();
+        return gtkport::Millimetres(wxScreenDC()).GetHeight();
     case cmColors:
-        return pixels ? static_cast<int>(1u << (static_cast<unsigned>(dc->GetDepth()) % 32)) : 0;
+        return pixels ? static_cast<int>(1u << (static_cast<unsigned>(gtkport::Depth(*dc)) % 32)) : 0;
     case cmDepth:
-        return pixels ? dc->GetDepth() : 0;
+        return pixels ? gtkport::Depth(*dc) : 0;
     case cmDpiX:
         return dc->GetPPI().GetWidth();
     case cmDpiY:

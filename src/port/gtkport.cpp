@@ -5,9 +5,12 @@
 #include <wx/app.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
+#include <wx/display.h>
 #include <wx/renderer.h>
 #include <wx/version.h>
 #include <wx/window.h>
+
+#include <algorithm>
 
 namespace vela7 {
 namespace gtkport {
@@ -84,6 +87,47 @@ wxRect VisibleArea(const wxDC& dc)
     }
 #endif
     return wxRect(dc.GetSize());
+}
+
+int Depth(const wxDC& dc)
+{
+#if wxCHECK_VERSION(3, 2, 0)
+    return std::min(dc.GetDepth(), 24); // what is beyond is opacity
+#else
+    return dc.GetDepth();
+#endif
+}
+
+wxSize Millimetres(const wxDC& dc)
+{
+#if wxCHECK_VERSION(3, 2, 0)
+    GdkScreen* const screen = gdk_screen_get_default(); // wx reckons with 72 points to an inch
+    const wxSize pixels = dc.GetSize();
+    G_GNUC_BEGIN_IGNORE_DEPRECATIONS // of monitors much is known today, of the whole screen only this
+        const double perX = double(gdk_screen_get_width(screen)) / gdk_screen_get_width_mm(screen);
+        const double perY = double(gdk_screen_get_height(screen)) / gdk_screen_get_height_mm(screen);
+    G_GNUC_END_IGNORE_DEPRECATIONS
+    return wxSize(static_cast<int>(pixels.x / perX), static_cast<int>(pixels.y / perY));
+#else
+    return dc.GetSizeMM();
+#endif
+}
+
+int MonitorOf(const wxWindow& window)
+{
+    const int monitor = wxDisplay::GetFromWindow(&window);
+#if wxCHECK_VERSION(3, 2, 0)
+    const wxRect where(window.GetScreenPosition(),
+                       window.GetSize()); // wx names the nearest when it is on none
+    if (monitor >= 0 && !wxDisplay(static_cast<unsigned>(monitor)).GetGeometry().Intersects(where))
+        return -1;
+#endif
+    return monitor;
+}
+
+bool DevicesFollowWindows()
+{
+    return !wxCHECK_VERSION(3, 2, 0);
 }
 
 wxBitmap BitmapFromXPM(const char* const* lines)

@@ -34,6 +34,18 @@ std::shared_ptr<void> WatchDrawable(const wxWindow& window, std::function<void()
 /// What of a device can be seen at most; empty for a window that is not shown.
 wxRect VisibleArea(const wxDC& dc);
 
+/// Bits of colour in a pixel.
+int Depth(const wxDC& dc);
+
+/// Extent of a device in millimetres, at its resolution.
+wxSize Millimetres(const wxDC& dc);
+
+/// The monitor that most of a window is on, -1 when it is on none.
+int MonitorOf(const wxWindow& window);
+
+/// Whether a client device that is kept follows its window to another size.
+bool DevicesFollowWindows();
+
 /// The picture of complete XPM lines, with the colour names as GTK knows them; invalid when there is none.
 wxBitmap BitmapFromXPM(const char* const* lines);
 

@@ -13,6 +13,7 @@
 #include "vela7/wxsyswindow.h"
 
 #include "life/capture.h"
+#include "port/drawing.h"
 #include "port/gtkport.h"
 #include "vela7/palette.h"
 #include "vela7/wxconvert.h"
@@ -22,7 +23,6 @@
 #include <wx/app.h>
 #include <wx/dcclient.h>
 #include <wx/dcscreen.h>
-#include <wx/display.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
@@ -277,7 +277,7 @@ void CwxSysWindow::ReleaseMouse()
 
 int CwxSysWindow::GetMonitorIndex() const
 {
-    return wxDisplay::GetFromWindow(window);
+    return gtkport::MonitorOf(*window);
 }
 
 void* CwxSysWindow::GetNativeHandle() const
@@ -324,8 +324,7 @@ void CwxSysWindow::ScrollContent(int dx, int dy, int left, int top, int right, i
 
 _color CwxSysWindow::GetPixel(int x, int y) const
 {
-    wxColour read;
-    GetClientDC().GetPixel(x, y, &read);
+    const wxColour read = gtkport::GetPixel(GetClientDC(), {x, y});
     return wx2vela(read.IsOk() ? read : *wxBLACK);
 }
 
@@ -333,7 +332,7 @@ _color CwxSysWindow::GetPixel(int x, int y) const
 wxClientDC& CwxSysWindow::GetClientDC() const
 {
     const void* const drawable = gtkport::Drawable(*window);
-    if (!clientDC || drawable != m_clientDrawable) {
+    if (!clientDC || drawable != m_clientDrawable || !gtkport::DevicesFollowWindows()) {
         clientDC = std::make_unique<wxClientDC>(window);
         m_clientDrawable = drawable;
     }
@@ -360,21 +359,21 @@ int CwxSysWindow::GetCanvasMetrics(CanvasMetrics metric) const
     case cmHeight:
         return client.GetSize().GetHeight();
     case cmWidthMM:
-        return client.GetSizeMM().GetWidth();
+        return gtkport::Millimetres(client).GetWidth();
     case cmHeightMM:
-        return client.GetSizeMM().GetHeight();
+        return gtkport::Millimetres(client).GetHeight();
     case cmScreenWidth:
         return screen.GetSize().GetWidth();
     case cmScreenHeight:
         return screen.GetSize().GetHeight();
     case cmScreenWidthMM:
-        return screen.GetSizeMM().GetWidth();
+        return gtkport::Millimetres(screen).GetWidth();
     case cmScreenHeightMM:
-        return screen.GetSizeMM().GetHeight();
+        return gtkport::Millimetres(screen).GetHeight();
     case cmColors:
-        return static_cast<int>(1u << (static_cast<unsigned>(client.GetDepth()) % 32));
+        return static_cast<int>(1u << (static_cast<unsigned>(gtkport::Depth(client)) % 32));
     case cmDepth:
-        return screen.GetDepth();
+        return gtkport::Depth(screen);
     case cmDpiX:
         return screen.GetPPI().GetWidth();
     case cmDpiY:

@@ -167,11 +167,10 @@ TEST_F(RasterPicture, Metrics)
 {
     const Picture picture = SamplePicture(32, 16);
     picture->SetSize({50, 60});
-    const wxSize screenMM = wxScreenDC().GetSizeMM();
     // clang-format off
     const int expected[][2] = {
         {0, 50}, {1, 60}, {2, 8}, {3, 8}, // the width again
-        {4, 1280}, {5, 1024}, {6, screenMM.x}, {7, screenMM.y}, {9, 24}, {8, 1 << 24}, {10, 0}, {11, 96}, {12, 96}, {13, 0}, {-1, 0}};
+        {4, 1280}, {5, 1024}, {6, 339}, {7, 271}, {9, 24}, {8, 1 << 24}, {10, 0}, {11, 96}, {12, 96}, {13, 0}, {-1, 0}};
     // clang-format on
     for (const bool paints : {false, true}) {
         EXPECT_TRUE(!paints || picture->TakeDefPainter()->BeginPaint());
