@@ -4,6 +4,7 @@
 #include <wx/dcmemory.h>
 #include <wx/pen.h>
 #include <wx/version.h>
+#include <wx/window.h>
 
 #if wxCHECK_VERSION(3, 2, 0)
 #include "port/combine.h"
@@ -535,6 +536,12 @@ wxColour GetPixel(wxDC& dc, const wxPoint& point)
     return read;
 }
 
+void Erase(wxDC& dc, const wxWindow& window)
+{
+    dc.SetBackground(window.GetBackgroundColour());
+    dc.Clear();
+}
+
 void Refresh(wxBitmap& bitmap)
 {
     if (bitmap.IsOk())
@@ -651,6 +658,8 @@ wxColour GetPixel(wxDC& dc, const wxPoint& point)
     dc.GetPixel(point, &read);
     return read;
 }
+
+void Erase(wxDC&, const wxWindow&) {} // by GDK
 
 void Refresh(wxBitmap&) {}
 

@@ -38,6 +38,9 @@ void Blit(wxDC& dc, const wxRect& target, wxDC& source, const wxPoint& from, wxR
 /// The colour of a pixel; invalid outside of the device.
 wxColour GetPixel(wxDC& dc, const wxPoint& point);
 
+/// Fills a window that is being erased with its native colour, where the platform has not done it already.
+void Erase(wxDC& dc, const wxWindow& window);
+
 /// Lets a picture that is selected into a device be read as it is now, and not as it was when it was read
 /// before.
 void Refresh(wxBitmap& bitmap);

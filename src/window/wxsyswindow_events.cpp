@@ -6,6 +6,7 @@
 #include "vela7/wxsyswindow.h"
 
 #include "life/callout.h"
+#include "port/drawing.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxvelawindow.h"
 
@@ -253,9 +254,11 @@ void CwxSysWindow::paintEvent(wxPaintEvent& event)
         painter.SetDC(nullptr);
 }
 
-void CwxSysWindow::eraseEvent(wxEraseEvent&)
+void CwxSysWindow::eraseEvent(wxEraseEvent& event)
 {
     // Kept by contract: not skipped, so wx does not erase either; all filling is done while painting.
+    if (event.GetDC())
+        gtkport::Erase(*event.GetDC(), *window);
 }
 
 void CwxSysWindow::closeEvent(wxCloseEvent&)

@@ -192,6 +192,46 @@ void ExpectSampleAt(const Pixels& drawn, const wxRect& target, int sx, int sy)
             EXPECT_EQ(ColourOf(sx + x, sy + y), drawn.At(target.x + x, target.y + y)) << x << ',' << y;
 }
 
+// Of 0xcc5533 with the ground.
+const struct { RasterOperation op; std::uint32_t result; } operations[] = {
+    {roCopy, 0xcc5533}, {roOr, 0xce553f}, {roXor, 0xc6412d}, {roAndInvert, 0x02000c}, {roSrcInvert, 0x33aacc},
+    {roOrInvert, 0x3bbede}, {roEquiv, 0x39bed2}, {roAnd, 0x081412}, {roInvert, 0xf5ebe1}, {roClear, 0x000000},
+    {roSet, 0xffffff}, {roNoOp, ground}, {roAndReverse, 0xc44121}, {roOrReverse, 0xfdfff3}, {roNand, 0xf7ebed},
+    {roNor, 0x31aac0},
+};
+
+TEST_F(Drawing, OperationsCombineBitByBit)
+{
+    const CHandle<CwxRasterPicture> source(new CwxRasterPicture(size<int>(6, 6)));
+    FillPicture(*source, Toolkit(0xcc5533), {0, 0, 6, 6});
+    const point<double> triangle[] = {{2, 82}, {17, 82}, {2, 97}};
+    const Pixels drawn = Draw([&](CwxPainter& p) {
+        p.SetClipRect(0, 0, 400, 110, false);
+        for (const auto& [op, result] : operations) {
+            p.SetPen(pen{Toolkit(0xcc5533), 1, psSolid});
+            p.SetBrush(brush{Toolkit(0xcc5533), bsSolid});
+            p.SetRasterOperation(op);
+            p.FillRect(2, 2, 18, 18);
+            p.MoveTo(2, 22), p.LineTo(18, 38);
+            p.SetPixel(2, 40, _color::none());
+            p.DrawRasterPicture(source.Get(), 2, 50, 8, 56, op);
+            p.FillRect(2, 100, 18, 130); // a part of it
+            p.SetPen(pen{clBlack, 1, psNone});
+            p.Polygon(triangle, 3), p.Ellipse(2, 62, 18, 78);
+            p.SetRasterOperation(roXor);
+            p.FillRect(10, 40, 18, 60), p.FillRect(10, 40, 18, 60); // twice is nothing
+            p.Translate(20, 0);
+        }
+    }, true);
+    for (int i = 0; i < 16; ++i) {
+        const auto& [op, result] = operations[i];
+        for (const wxPoint& at : {wxPoint(2, 2), {17, 17}, {2, 22}, {17, 37}, {2, 40}, {7, 55}, {10, 70}, {4, 84}, {17, 109}})
+            EXPECT_EQ(result, drawn.At(20 * i + at.x, at.y)) << op << " at " << at.x << ',' << at.y;
+        for (const wxPoint& at : {wxPoint(18, 2), {18, 38}, {8, 50}, {14, 50}, {16, 94}, {4, 110}})
+            EXPECT_EQ(ground, drawn.At(20 * i + at.x, at.y)) << op << " beside " << at.x << ',' << at.y;
+    }
+}
+
 TEST_F(Drawing, PicturesAreDrawnInPartAndNeverStretched)
 {
     const CHandle<CwxRasterPicture> sample = SamplePicture(8, 6), mask = SamplePicture(8, 6);

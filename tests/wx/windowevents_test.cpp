@@ -220,6 +220,17 @@ TEST_F(WindowPainting, ForgottenAndMisplacedBrackets)
     EXPECT_EQ(0x0000FFu, At(5, 6));
 }
 
+TEST_F(WindowPainting, AsIsBeginsWithTheNativeColour)
+{
+    native->SetBackgroundColour(wxColour(1, 2, 3));
+    Settle(); // it is painted anew
+    heard->Do([this](CEvent&) { Fill(Painter(), clRed, {5, 6, 20, 30}, ssAsIs); });
+    Repaint();
+    const Pixels drawn = ReadPixels(native);
+    EXPECT_EQ(15 * 24, drawn.CountColour(drawn.Bounds(), 0xFF0000));
+    EXPECT_EQ(200 * 100 - 15 * 24, drawn.CountColour(drawn.Bounds(), 0x010203));
+}
+
 TEST_F(WindowPainting, PaintInsideAPaint)
 {
     for (const StdSettings settings : {ssClear, ssBuffered}) {
