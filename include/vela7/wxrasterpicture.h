@@ -47,8 +47,8 @@ public:
     /// there are none.
     wxBitmap GetShown() const;
     /// The pixels, in their real size.
-    wxBitmap& GetBitmap() { return bitmap; }
-    const wxBitmap& GetBitmap() const { return bitmap; }
+    wxBitmap& GetBitmap();
+    const wxBitmap& GetBitmap() const;
     /// Takes a bitmap, shared, and its size.
     void SetBitmap(const wxBitmap& value);
 

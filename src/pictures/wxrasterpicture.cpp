@@ -60,8 +60,23 @@ void CwxRasterPicture::SetBitmap(const wxBitmap& value)
     m_size = bitmap.IsOk() ? size<int>(bitmap.GetWidth(), bitmap.GetHeight()) : size<int>();
 }
 
+// A picture may be read while it is painted on.
+
+wxBitmap& CwxRasterPicture::GetBitmap()
+{
+    gtkport::Refresh(bitmap);
+    return bitmap;
+}
+
+const wxBitmap& CwxRasterPicture::GetBitmap() const
+{
+    gtkport::Refresh(bitmap);
+    return bitmap;
+}
+
 wxBitmap CwxRasterPicture::GetShown() const
 {
+    gtkport::Refresh(bitmap);
     if (!bitmap.IsOk() || (m_size.width >= bitmap.GetWidth() && m_size.height >= bitmap.GetHeight()))
         return bitmap;
     const wxRect part(0, 0, std::min(m_size.width, bitmap.GetWidth()),

@@ -542,7 +542,7 @@ void Erase(wxDC& dc, const wxWindow& window)
     dc.Clear();
 }
 
-void Refresh(wxBitmap& bitmap)
+void Refresh(const wxBitmap& bitmap)
 {
     if (bitmap.IsOk())
         cairo_destroy(bitmap.CairoCreate());
@@ -661,7 +661,7 @@ wxColour GetPixel(wxDC& dc, const wxPoint& point)
 
 void Erase(wxDC&, const wxWindow&) {} // by GDK
 
-void Refresh(wxBitmap&) {}
+void Refresh(const wxBitmap&) {}
 
 #endif
 

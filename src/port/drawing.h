@@ -43,7 +43,7 @@ void Erase(wxDC& dc, const wxWindow& window);
 
 /// Lets a picture that is selected into a device be read as it is now, and not as it was when it was read
 /// before.
-void Refresh(wxBitmap& bitmap);
+void Refresh(const wxBitmap& bitmap);
 
 } // namespace gtkport
 } // namespace vela7

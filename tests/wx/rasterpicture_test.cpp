@@ -163,6 +163,20 @@ TEST_F(RasterPicture, MayChangeInTheMiddleOfAPaint)
     picture.Reset(); // and die
 }
 
+TEST_F(RasterPicture, IsReadAsItIsWhilePaintedOn)
+{
+    const Picture picture = SamplePicture(8, 6), other = SamplePicture(8, 6);
+    IPainter& painter = *picture->TakeDefPainter();
+    const CPaintScope scope(painter), otherScope(*other->TakeDefPainter());
+    for (const auto& [colour, pixel] : {std::pair(clRed, 0xFF0000u), std::pair(clBlue, 0x0000FFu)}) {
+        painter.SetBrush(brush{colour, bsSolid});
+        painter.FillRect(0, 0, 8, 6);
+        EXPECT_EQ(pixel, ReadPixels(picture->GetBitmap()).At(7, 5));
+        other->TakeDefPainter()->DrawRasterPicture(picture.Get(), 0, 0, 8, 6);
+        EXPECT_EQ(pixel, ReadPixels(other->GetBitmap()).At(7, 5));
+    }
+}
+
 TEST_F(RasterPicture, Metrics)
 {
     const Picture picture = SamplePicture(32, 16);
