@@ -7,6 +7,7 @@
 ///     gallery --screenshots DIR   writes DIR/<page>.png for each page and ends; the frame must not be
 ///     covered
 
+#include "../capture.h"
 #include "page.h"
 #include "recording.h"
 
@@ -17,8 +18,6 @@
 #include <wx/app.h>
 #include <wx/button.h>
 #include <wx/cmdline.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/evtloop.h>
 #include <wx/filename.h>
 #include <wx/frame.h>
@@ -31,7 +30,6 @@
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 #include <wx/timer.h>
-#include <wx/wfstream.h>
 
 #include <algorithm>
 #include <clocale>
@@ -91,7 +89,7 @@ public:
         for (const gallery::PageEntry& entry : gallery::AllPages())
             AddPage(entry);
         m_book->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, &GalleryFrame::OnPageChanged, this);
-        SetClientSize(1000, 660);
+        SetClientSize(1160, 660);
     }
 
     const std::vector<PageSlot>& Slots() const { return m_slots; }
@@ -194,26 +192,6 @@ bool WasReplayed(const std::string& wrong)
     return wrong.empty();
 }
 
-/// The frame without its decoration, as the screen shows it.
-wxImage Capture(const wxFrame& frame)
-{
-    const wxSize size = frame.GetClientSize();
-    const wxPoint origin = frame.ClientToScreen(wxPoint(0, 0));
-    wxBitmap bitmap(size.x, size.y);
-    wxScreenDC screen;
-    wxMemoryDC memory(bitmap);
-    memory.Blit(0, 0, size.x, size.y, &screen, origin.x, origin.y);
-    memory.SelectObject(wxNullBitmap);
-    return bitmap.ConvertToImage();
-}
-
-/// Flushed as well: a full disk may show only then.
-bool WritePicture(const wxImage& picture, const wxString& file)
-{
-    wxFFileOutputStream out(file);
-    return out.IsOk() && picture.SaveFile(out, wxBITMAP_TYPE_PNG) && out.GetFile()->Flush();
-}
-
 bool PaintPage(GalleryFrame& frame, std::size_t index)
 {
     const PageSlot& slot = frame.Slots()[index];
@@ -243,7 +221,7 @@ bool WriteScreenshots(GalleryFrame& frame, const wxString& directory)
     frame.Raise();
     for (std::size_t i = 0; i < frame.Slots().size(); ++i) {
         const wxString file = directory + "/" + wxString(frame.Slots()[i].name).Lower() + ".png";
-        if (!PaintPage(frame, i) || !WritePicture(Capture(frame), file)) {
+        if (!PaintPage(frame, i) || !examples::WritePicture(examples::Capture(frame), file)) {
             std::fprintf(stderr, "gallery: could not write %s\n", static_cast<const char*>(file.utf8_str()));
             return false;
         }

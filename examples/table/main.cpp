@@ -3,18 +3,16 @@
 //     table FILE                       shows a CSV file
 //     table --screenshot PNG FILE      writes a picture of the window and ends; it must not be covered
 
+#include "../capture.h"
 #include "tableview.h"
 
 #include "vela7/wxsyswindow.h"
 
 #include <wx/app.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/frame.h>
 #include <wx/image.h>
 #include <wx/log.h>
 #include <wx/timer.h>
-#include <wx/wfstream.h>
 
 #include <clocale>
 #include <cstdio>
@@ -37,20 +35,6 @@ public:
     std::unique_ptr<table::TableView> view;
 };
 
-bool WritePicture(const wxFrame& frame, const wxString& file)
-{
-    const wxSize size = frame.GetClientSize();
-    const wxPoint origin = frame.ClientToScreen(wxPoint(0, 0));
-    wxBitmap bitmap(size.x, size.y);
-    wxScreenDC screen;
-    wxMemoryDC memory(bitmap);
-    memory.Blit(0, 0, size.x, size.y, &screen, origin.x, origin.y);
-    memory.SelectObject(wxNullBitmap);
-    wxImage::AddHandler(new wxPNGHandler);
-    wxFFileOutputStream out(file);
-    return out.IsOk() && bitmap.ConvertToImage().SaveFile(out, wxBITMAP_TYPE_PNG) && out.GetFile()->Flush();
-}
-
 class TableApp : public wxApp
 {
 public:
@@ -64,8 +48,10 @@ public:
             std::fprintf(stderr, "usage: table FILE | table --screenshot PNG FILE\n");
             return false;
         }
-        if (picture) // wx's messages would be dialogs that nobody answers
-            delete wxLog::SetActiveTarget(new wxLogStderr);
+        if (picture) {
+            delete wxLog::SetActiveTarget(new wxLogStderr); // dialogs would be answered by nobody
+            wxImage::AddHandler(new wxPNGHandler);
+        }
         m_frame = new TableFrame(argv[argc - 1]);
         if (picture)
             TakePicture(argv[2]);
@@ -82,7 +68,7 @@ private:
             if (m_frame->view->IsBusy() || m_ticks++ < 3)
                 return;
             m_timer.Stop();
-            m_failed = !WritePicture(*m_frame, file);
+            m_failed = !examples::WritePicture(examples::Capture(*m_frame), file);
             if (m_failed)
                 std::fprintf(stderr, "table: cannot write %s\n", static_cast<const char*>(file.utf8_str()));
             m_frame->Destroy();

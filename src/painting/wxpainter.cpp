@@ -223,7 +223,7 @@ void CwxPainter::internalGetFontMetrics(fontmetrics* metrics)
     *metrics = fontmetrics();
     metrics->height = device->GetCharHeight();
     metrics->descent = descent;
-    metrics->averageWidth = device->GetCharWidth();
+    metrics->averageWidth = device->GetTextExtent("H").GetWidth(); // as GTK 2 answers; wx 3.2 takes a "g"
     metrics->externalLeading = leading;
     if (!current.IsOk())
         return;

@@ -105,7 +105,7 @@ TEST_F(Painter, TextSettings)
         EXPECT_EQ(f, painter->GetFont());
         fontmetrics m;
         painter->GetFontMetrics(&m);
-        EXPECT_TRUE(m.height == Dc().GetCharHeight() && m.averageWidth == Dc().GetCharWidth() &&
+        EXPECT_TRUE(m.height == Dc().GetCharHeight() && m.averageWidth == Dc().GetTextExtent("H").x &&
                     m.descent > 0);
         EXPECT_TRUE(m.ascent == 0 && m.maxWidth == 0 && !m.struckOut); // three fields stay open
         const bool bold = (style & fsBold) != 0;
