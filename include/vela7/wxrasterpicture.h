@@ -53,7 +53,12 @@ public:
     void SetBitmap(const wxBitmap& value);
 
 private:
+    friend class CwxRstPainter;
+    /// As it is now, while it is painted on.
+    void NoticePainting() const;
+
     wxBitmap bitmap;
+    int m_paints = 0; // under way
     std::unique_ptr<IPainter> defPainter;
 };
 

@@ -134,7 +134,8 @@ void CwxPainter::NativeDrawControlElement(wxWindow* window, ControlElement eleme
 void CwxPainter::DrawOffScreen(wxWindow* window, ControlElement element, const wxRect& whole,
                                const wxRect& shown, int flags)
 {
-    wxBitmap bitmap(shown.GetSize());
+    wxBitmap bitmap;
+    bitmap.CreateScaled(shown.width, shown.height, -1, device->GetContentScaleFactor());
     wxMemoryDC memory(bitmap);
     const wxBrush brush = device->GetBrush();
     // A brush that does not fill all would leave the bitmap undefined: the element stands on what is there.

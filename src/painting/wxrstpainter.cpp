@@ -28,11 +28,15 @@ bool CwxRstPainter::CreatePaintDevice(StdSettings)
         nowhere.Create(1, 1);
     m_memory = std::make_unique<wxMemoryDC>(any ? m_picture->GetBitmap() : nowhere);
     device = m_memory.get();
+    if (m_picture)
+        ++m_picture->m_paints;
     return true;
 }
 
 void CwxRstPainter::internalEndPaint()
 {
+    if (m_memory && m_picture)
+        --m_picture->m_paints;
     device = nullptr;
     m_memory.reset();
 }

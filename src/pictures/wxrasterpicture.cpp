@@ -60,23 +60,28 @@ void CwxRasterPicture::SetBitmap(const wxBitmap& value)
     m_size = bitmap.IsOk() ? size<int>(bitmap.GetWidth(), bitmap.GetHeight()) : size<int>();
 }
 
-// A picture may be read while it is painted on.
+// Only then, since it may cost what transparent pixels have of colour.
+void CwxRasterPicture::NoticePainting() const
+{
+    if (m_paints > 0)
+        gtkport::Refresh(bitmap);
+}
 
 wxBitmap& CwxRasterPicture::GetBitmap()
 {
-    gtkport::Refresh(bitmap);
+    NoticePainting();
     return bitmap;
 }
 
 const wxBitmap& CwxRasterPicture::GetBitmap() const
 {
-    gtkport::Refresh(bitmap);
+    NoticePainting();
     return bitmap;
 }
 
 wxBitmap CwxRasterPicture::GetShown() const
 {
-    gtkport::Refresh(bitmap);
+    NoticePainting();
     if (!bitmap.IsOk() || (m_size.width >= bitmap.GetWidth() && m_size.height >= bitmap.GetHeight()))
         return bitmap;
     const wxRect part(0, 0, std::min(m_size.width, bitmap.GetWidth()),

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <vector>
 #endif
 
@@ -310,30 +311,25 @@ void DrawLines(wxDC& dc, int count, const wxPoint* points)
 // corners for control points.
 void DrawSpline(wxDC& dc, int count, const wxPoint* points)
 {
-    cairo_t* const cr = CairoOf(dc);
-    if (!cr || count < 2)
+    if (count < 2)
         return;
-    const auto half = [](int a, int b) { return (a + b) / 2.0; };
-    cairo_new_path(cr);
-    cairo_move_to(cr, points[0].x, points[0].y);
-    cairo_line_to(cr, half(points[0].x, points[1].x), half(points[0].y, points[1].y));
-    for (int i = 2; i < count; ++i) {
-        double x = 0, y = 0;
-        cairo_get_current_point(cr, &x, &y);
-        const wxPoint& corner = points[i - 1];
-        const double endX = half(corner.x, points[i].x), endY = half(corner.y, points[i].y);
-        cairo_curve_to(cr, (x + 2 * corner.x) / 3, (y + 2 * corner.y) / 3, (endX + 2 * corner.x) / 3,
-                       (endY + 2 * corner.y) / 3, endX, endY);
+    const auto middle = [points](int i) {
+        return wxRealPoint((points[i - 1].x + points[i].x) / 2.0, (points[i - 1].y + points[i].y) / 2.0);
+    };
+    std::vector<wxPoint> lines = {points[0]};
+    for (int i = 1; i < count; ++i) {
+        const wxRealPoint from = middle(i), &corner = points[i],
+                          to = i + 1 < count ? middle(i + 1) : wxRealPoint(corner);
+        const double length = std::fabs(to.x - from.x) + std::fabs(to.y - from.y);
+        const int steps = i + 1 < count ? static_cast<int>(length / 4) + 1 : 0; // of some pixels
+        for (int step = 0; step <= steps; ++step) {
+            const double t = steps ? double(step) / steps : 0, a = (1 - t) * (1 - t), b = 2 * t * (1 - t),
+                         c = t * t;
+            lines.emplace_back(static_cast<int>(std::lround(a * from.x + b * corner.x + c * to.x)),
+                               static_cast<int>(std::lround(a * from.y + b * corner.y + c * to.y)));
+        }
     }
-    cairo_line_to(cr, points[count - 1].x, points[count - 1].y);
-    cairo_path_t* const flat = cairo_copy_path_flat(cr);
-    cairo_new_path(cr);
-    std::vector<wxPoint> lines;
-    for (int i = 0; i < flat->num_data; i += flat->data[i].header.length)
-        if (flat->data[i].header.length > 1)
-            lines.emplace_back(static_cast<int>(std::lround(flat->data[i + 1].point.x)),
-                               static_cast<int>(std::lround(flat->data[i + 1].point.y)));
-    cairo_path_destroy(flat);
+    lines.push_back(points[count - 1]);
     DrawLines(dc, static_cast<int>(lines.size()), lines.data());
 }
 
@@ -530,10 +526,23 @@ void Blit(wxDC& dc, const wxRect& place, wxDC& source, const wxPoint& from, wxRa
 
 wxColour GetPixel(wxDC& dc, const wxPoint& point)
 {
-    wxColour read;
-    if (wxRect(dc.GetSize()).Contains(dc.LogicalToDeviceX(point.x), dc.LogicalToDeviceY(point.y)))
-        dc.GetPixel(point, &read);
-    return read;
+    cairo_t* const cr = CairoOf(dc);
+    const wxPoint place(dc.LogicalToDeviceX(point.x), dc.LogicalToDeviceY(point.y));
+    if (!cr || !wxRect(dc.GetSize()).Contains(place))
+        return {};
+    double x = point.x, y = point.y;
+    cairo_user_to_device(cr, &x, &y);
+    std::uint32_t pixel = 0;
+    cairo_surface_t* const image = cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(&pixel), CAIRO_FORMAT_RGB24, 1, 1, sizeof pixel);
+    cairo_t* const copy = cairo_create(image);
+    cairo_set_source_surface(copy, cairo_get_group_target(cr), -x, -y);
+    cairo_pattern_set_filter(cairo_get_source(copy), CAIRO_FILTER_NEAREST);
+    cairo_paint(copy);
+    cairo_destroy(copy);
+    cairo_surface_finish(image); // writes the pixel
+    cairo_surface_destroy(image);
+    return wxColour(pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255);
 }
 
 void Erase(wxDC& dc, const wxWindow& window)

@@ -1,5 +1,6 @@
 #include "support/pixels.h"
 
+#include "support/platform.h"
 #include "support/waits.h"
 #include "support/x11.h"
 
@@ -86,7 +87,9 @@ Pixels ReadPixels(wxWindow* window)
     // From both corners, since right-to-left windows count from the right.
     const wxPoint first = window->ClientToScreen(wxPoint(0, 0));
     const wxPoint last = window->ClientToScreen(wxPoint(size.x, size.y));
-    result.m_colours = x11::ReadScreen(std::min(first.x, last.x), first.y, size.x, size.y);
+    const wxPoint fraction = Fraction(*window);
+    result.m_colours =
+        x11::ReadScreen(std::min(first.x, last.x), first.y, size.x, size.y, fraction.x, fraction.y);
     if (result.m_colours.empty()) {
         ADD_FAILURE() << "the window's client area is empty or not wholly on the screen";
         return {};
@@ -98,7 +101,9 @@ Pixels ReadPixels(wxWindow* window)
 
 Pixels ReadPixels(const wxBitmap& bitmap)
 {
-    return Pixels(bitmap.ConvertToImage());
+    const wxSize size(static_cast<int>(bitmap.GetScaledWidth()), static_cast<int>(bitmap.GetScaledHeight()));
+    const wxImage image = bitmap.ConvertToImage(); // the first of several pixels counts, as on the screen
+    return Pixels(image.GetSize() == size ? image : image.Scale(size.x, size.y, wxIMAGE_QUALITY_NEAREST));
 }
 
 void ExpectSamePixels(const Pixels& expected, const Pixels& actual, const std::string& name, const char* file,

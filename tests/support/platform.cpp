@@ -1,5 +1,6 @@
 #include "support/platform.h"
 
+#include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 #include <wx/animate.h>
 #include <wx/stopwatch.h>
@@ -58,6 +59,17 @@ void AwaitFrames()
     g_list_free_full(all, g_object_unref);
 }
 
+wxPoint Fraction(const wxWindow& window)
+{
+    GdkWindow* const top = gdk_window_get_toplevel(gtk_widget_get_window(window.GetHandle()));
+    wxPoint whole, exact;
+    gdk_window_get_origin(top, &whole.x, &whole.y);
+    Window child = None;
+    XTranslateCoordinates(GDK_WINDOW_XDISPLAY(top), GDK_WINDOW_XID(top), GDK_ROOT_WINDOW(), 0, 0, &exact.x,
+                          &exact.y, &child);
+    return exact - whole * gdk_window_get_scale_factor(top);
+}
+
 bool PointerIsGrabbed()
 {
     return gdk_display_device_is_grabbed(gdk_display_get_default(), Pointer()) || gtk_grab_get_current();
@@ -88,6 +100,11 @@ GdkPixbufAnimation* PixbufOf(const wxAnimation& animation)
 #else
 
 void AwaitFrames() {}
+
+wxPoint Fraction(const wxWindow&)
+{
+    return {};
+}
 
 bool PointerIsGrabbed()
 {

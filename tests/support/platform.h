@@ -1,6 +1,8 @@
 // What tests ask of the platform that wx 3.0 on GTK 2 and wx 3.2 on GTK 3 answer differently.
 #pragma once
 
+#include <wx/gdicmn.h>
+
 // NOLINTNEXTLINE(bugprone-reserved-identifier): GTK calls them so
 typedef struct _GdkPixbufAnimation GdkPixbufAnimation;
 typedef struct _GtkWidget GtkWidget; // NOLINT(bugprone-reserved-identifier)
@@ -11,6 +13,10 @@ namespace vela7::test {
 
 // Until each window has laid itself out, handled its input and painted: GTK 3 does so once a frame.
 void AwaitFrames();
+
+// Where a window's top-level window lies between GTK's pixels, in the screen's: GTK counts whole ones of its
+// own.
+wxPoint Fraction(const wxWindow& window);
 
 // GDK or GTK has a grab of the pointer.
 bool PointerIsGrabbed();

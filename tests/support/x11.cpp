@@ -5,6 +5,7 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <chrono>
+#include <cstdlib>
 #include <memory>
 #include <poll.h>
 
@@ -36,11 +37,18 @@ Window CreateProbe()
     return probe;
 }
 
+// Pixels of the screen to one of GTK's.
+int Factor()
+{
+    const char* const factor = std::getenv("GDK_SCALE");
+    return factor ? std::atoi(factor) : 1;
+}
+
 } // namespace
 
 void MovePointer(int x, int y)
 {
-    XTestFakeMotionEvent(Server(), -1, x, y, stepDelay);
+    XTestFakeMotionEvent(Server(), -1, x * Factor(), y * Factor(), stepDelay);
     XSync(Server(), False);
 }
 
@@ -85,22 +93,25 @@ bool SyncWithWindowManager()
     return false;
 }
 
-std::vector<std::uint32_t> ReadScreen(int x, int y, int width, int height)
+std::vector<std::uint32_t> ReadScreen(int x, int y, int width, int height, int fractionX, int fractionY)
 {
-    const int screen = DefaultScreen(Server());
-    if (x < 0 || y < 0 || width <= 0 || height <= 0 || x + width > DisplayWidth(Server(), screen) ||
-        y + height > DisplayHeight(Server(), screen))
+    const int screen = DefaultScreen(Server()), factor = Factor();
+    const int left = x * factor + fractionX, top = y * factor + fractionY;
+    if (left < 0 || top < 0 || width <= 0 || height <= 0 ||
+        left + width * factor > DisplayWidth(Server(), screen) ||
+        top + height * factor > DisplayHeight(Server(), screen))
         return {};
     const auto freeImage = [](XImage* image) { XDestroyImage(image); };
     const std::unique_ptr<XImage, decltype(freeImage)> image(
-        XGetImage(Server(), Root(), x, y, static_cast<unsigned>(width), static_cast<unsigned>(height),
-                  AllPlanes, ZPixmap),
+        XGetImage(Server(), Root(), left, top, static_cast<unsigned>(width * factor),
+                  static_cast<unsigned>(height * factor), AllPlanes, ZPixmap),
         freeImage);
     std::vector<std::uint32_t> pixels;
     pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     for (int row = 0; image && row < height; ++row)
         for (int column = 0; column < width; ++column)
-            pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image.get(), column, row) & 0xFFFFFF));
+            pixels.push_back(
+                static_cast<std::uint32_t>(XGetPixel(image.get(), column * factor, row * factor) & 0xFFFFFF));
     return pixels;
 }
 

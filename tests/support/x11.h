@@ -1,5 +1,6 @@
 // The X server as the user's hands and eyes: raw input and the picture on the screen, on a connection of its
-// own, past wx and GTK. Tests use input.h and pixels.h, which are built on this.
+// own, past wx and GTK. Tests use input.h and pixels.h, which are built on this. Coordinates are GTK's: where
+// a pixel of its own has several of the screen's, the first of them counts.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +16,8 @@ bool Key(unsigned long keysym, bool down); // false when the keyboard has no suc
 // back until it has seen it) and all earlier window requests.
 bool SyncWithWindowManager();
 
-// The screen, row by row, as 0xRRGGBB; empty when the area is not wholly on the screen.
-std::vector<std::uint32_t> ReadScreen(int x, int y, int width, int height);
+// An area of the screen, which begins a fraction of a pixel later, row by row, as 0xRRGGBB; empty when it is
+// not wholly on the screen.
+std::vector<std::uint32_t> ReadScreen(int x, int y, int width, int height, int fractionX, int fractionY);
 
 } // namespace vela7::test::x11

@@ -51,10 +51,15 @@ protected:
             EXPECT_TRUE(changesState || before == StateOf(painter));
             painter.EndPaint();
             drawn.push_back(isWindow ? ReadPixels(frame) : ReadPixels(picture->GetBitmap()));
-            ExpectSamePixels(drawn[0], drawn.back(), "surface");
+            if (sameOnAll && (isWindow || sameOnPictures))
+                ExpectSamePixels(drawn[0], drawn.back(), "surface");
         }
         return drawn[0];
     }
+    // Themes and text use all the pixels that a device has, finer on a window of a factor than on a picture;
+    // and of a draw buffer's, Pango does not know.
+    bool sameOnPictures = true, sameOnAll = true;
+
     wxRect BoxOfDrawn(const std::function<void(CwxPainter&)>& draw, bool changesState = false)
     {
         return BoxOfOthers(Draw(draw, changesState), ground);

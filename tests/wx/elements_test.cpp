@@ -58,7 +58,14 @@ private:
     std::vector<Call> m_calls;
 };
 
-using Themed = DrawingTest;
+struct Themed : DrawingTest
+{
+    void SetUp() override
+    {
+        DrawingTest::SetUp();
+        sameOnPictures = frame->GetContentScaleFactor() == 1;
+    }
+};
 
 TEST_F(Themed, TellsTheRendererElementAndState)
 {

@@ -125,6 +125,7 @@ TEST_F(Drawing, InsideEdgeAndOutside)
 
 TEST_F(Drawing, TextIsRotatedAndStruckOut)
 {
+    sameOnAll = frame->GetContentScaleFactor() == 1;
     font f;
     wxSize extent;
     const auto draw = [&](unsigned style, int angle, const char* text = "llll", int length = -1) {

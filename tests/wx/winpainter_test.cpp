@@ -223,7 +223,7 @@ TEST_F(Painter, ScrollMovesTheInclusiveRectangleOfTheBuffer)
         painter->ScrollContent(0, far, INT_MIN, 0, 400, 300);
     painter->ScrollContent(-30, -15, INT_MIN, INT_MIN, INT_MAX, INT_MAX);
     const wxBitmap* const buffer = CDrawBufferManager::Get().GetExistingBuffer(painter.get(), 1, 1, 1.0);
-    EXPECT_EQ(wxSize(400, 300), buffer->GetSize());
+    EXPECT_EQ(wxSize(400, 300), buffer->GetScaledSize());
     EXPECT_EQ(16, ReadPixels(*buffer).CountColour(wxRect(0, 0, 4, 4), blue));
     EXPECT_EQ(blue, ReadPixels(*buffer).At(299 - 30, 199 - 15));
 }
