@@ -3,6 +3,7 @@
 #include <gtk/gtk.h>
 #include <wx/frame.h>
 #include <wx/sizer.h>
+#include <wx/stopwatch.h>
 
 #include <atomic>
 #include <cstdlib>
@@ -66,6 +67,11 @@ void Stage::Show(wxWindow* content)
         gtk_main_iteration_do(FALSE);
         SyncX();
         drawable = gtk_widget_get_window(content->GetHandle());
+    }
+    // GTK 3 paints with the next frame: the first ones must not fall into what is timed.
+    for (const wxStopWatch clock; clock.Time() < 100;) {
+        gtk_events_pending() ? void(gtk_main_iteration()) : g_usleep(1000);
+        SyncX();
     }
 }
 

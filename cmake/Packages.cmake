@@ -12,6 +12,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 # What the libraries need of Debian's own packages is read from them. The reference wx is in no package, and our
 # base library not yet.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON) # others read from ours, and the loader learns of them
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}" ${VELA7_WX_LIBRARY_DIRS})
 set(CPACK_COMPONENTS_ALL "")
 
@@ -36,13 +37,19 @@ if(NOT VELA7_BASE STREQUAL "external")
 endif()
 if(VELA7_GTK STREQUAL "2")
     set(wx "It needs wxWidgets 3.0 built for GTK 2 as one library (libwx_gtk2u-3.0.so.0), which is in no package of this distribution: the project's scripts/setup builds it. The host program brings it, by its run path for instance.")
+    set(wx_dev "Name its wx-config with WX_CONFIG when you configure a host.")
+    set(runtime libvela7wx-gtk2-${version})
+    set(needed "")
 else()
-    set(wx "It needs wxWidgets 3.2 built for GTK 3.")
+    set(wx "For the distribution's wxWidgets 3.2 on GTK 3.")
+    set(wx_dev "")
+    set(runtime libvela7wx${version})
+    set(needed ", libwxgtk3.2-dev")
 endif()
-_package(libvela7wx${version} libs "libvela7base${version} ${same}"
+_package(${runtime} libs "libvela7base${version} ${same}"
     "wxWidgets back-end of the vela7 GUI toolkit\nToolkit controls live inside an ordinary wx application. ${wx}")
-_package(libvela7wx-dev libdevel "libvela7wx${version} ${same}, libvela7base-dev ${same}, pkg-config"
-    "Headers of the wxWidgets back-end of the vela7 GUI toolkit\nFor hosts: wx applications with toolkit controls. ${wx} Name its wx-config with WX_CONFIG when you configure a host.")
+_package(libvela7wx${VELA7_FLAVOUR}-dev libdevel "${runtime} ${same}, libvela7base-dev ${same}${needed}, pkg-config"
+    "Headers of the wxWidgets back-end of the vela7 GUI toolkit\nFor hosts: wx applications with toolkit controls. ${wx} ${wx_dev}")
 _package(libvela7testing${version} libs "libvela7base${version} ${same}"
     "Back-end without a display of the vela7 GUI toolkit\nFor tests of toolkit controls: windows, native controls, timers and input that a test works by itself.")
 _package(libvela7testing-dev libdevel "libvela7testing${version} ${same}, libvela7base-dev ${same}"
