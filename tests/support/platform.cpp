@@ -26,7 +26,8 @@ void AwaitFrame(GdkFrameClock* frames)
     gdk_frame_clock_request_phase(frames, GDK_FRAME_CLOCK_PHASE_AFTER_PAINT);
     for (const wxStopWatch clock; !done && clock.Time() < 200;) // a clock whose window has gone stands still
         gtk_events_pending() ? void(gtk_main_iteration()) : g_usleep(200);
-    g_signal_handler_disconnect(frames, handler);
+    if (g_signal_handler_is_connected(frames, handler)) // it goes with the clock's window
+        g_signal_handler_disconnect(frames, handler);
 }
 
 struct PixbufReader : wxAnimationCtrl
