@@ -15,6 +15,7 @@
 #include "life/capture.h"
 #include "port/drawing.h"
 #include "port/gtkport.h"
+#include "port/widgets.h"
 #include "vela7/palette.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxmouse.h"
@@ -100,6 +101,7 @@ void CwxSysWindow::CreateNative(wxWindow* parent)
                    wxCLIP_CHILDREN | wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE,
                    "vela_wx_control");
     window = native.release(); // now its parent's
+    gtkport::BearChangesWhileDrawing(*window);
     if (window->GetLayoutDirection() == wxLayout_RightToLeft)
         window->SetLayoutDirection(wxLayout_LeftToRight);
 }

@@ -31,7 +31,8 @@ public:
     }
     ~CFrame()
     {
-        g_signal_handler_disconnect(m_frames, m_handler);
+        if (g_signal_handler_is_connected(m_frames, m_handler)) // they go with the clock's window
+            g_signal_handler_disconnect(m_frames, m_handler);
         g_object_unref(m_frames);
     }
     CFrame(const CFrame&) = delete;
