@@ -1,5 +1,6 @@
 #include "vela7/wxconvert.h"
 
+#include "convert/devicescale.h"
 #include "convert/textdecode.h"
 #include "port/gtkport.h"
 
@@ -220,21 +221,43 @@ std::uint32_t wx2velaMouseBtnMove(const wxMouseEvent& event)
 
 // ---- scale
 
-double correctScaleWithDefaultFontSize(double scale)
+namespace {
+
+// The desktop's resolution in 96ths, once it has one; empty without a screen, negative while the desktop has
+// not set it.
+std::optional<double> DesktopScale()
 {
-    static double factor = -1.0; // asked for again as long as the desktop has not set it
+    static double factor = -1.0;
     if (factor < 0.0) {
         const std::optional<double> resolution = gtkport::ScreenResolution();
         if (!resolution)
-            return std::max(1.0, scale);
+            return std::nullopt;
         factor = *resolution / 96.0;
     }
-    if (factor > 0.0)
-        return std::max(1.0, factor);
+    return factor;
+}
+
+} // namespace
+
+double correctScaleWithDefaultFontSize(double scale)
+{
+    const std::optional<double> desktop = DesktopScale();
+    if (!desktop)
+        return std::max(1.0, scale);
+    if (*desktop > 0.0)
+        return std::max(1.0, *desktop);
     const double estimate =
         scale > 1.0 ? scale
                     : wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPixelSize().GetHeight() * 0.0625;
     return std::max(1.0, estimate);
+}
+
+double ScaleOf(const wxDC& dc)
+{
+    // A device takes its time to tell.
+    const double known = DesktopScale().value_or(0.0);
+    return known > 0.0 ? std::max(1.0, known)
+                       : correctScaleWithDefaultFontSize(dc.GetPPI().GetWidth() / 96.0);
 }
 
 } // namespace vela7

@@ -3,6 +3,7 @@
 #include "vela7/wxpainter.h"
 
 #include "convert/devicebounds.h"
+#include "convert/devicescale.h"
 #include "vela7/wxconvert.h"
 
 #include <wx/brush.h>
@@ -254,7 +255,7 @@ void CwxPainter::internalCancelClipping()
 
 double CwxPainter::internalGetDPIScale() const
 {
-    return device ? correctScaleWithDefaultFontSize(device->GetPPI().GetWidth() / 96.0) : 1.0;
+    return device ? ScaleOf(*device) : 1.0;
 }
 
 } // namespace vela7

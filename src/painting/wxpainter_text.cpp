@@ -33,7 +33,10 @@ void CwxPainter::internalDrawString(int x, int y, const char* text, int length)
         return;
     const wxString decoded = Decode(text, length);
     const font& current = GetFont();
-    device->DrawRotatedText(decoded, x, y, current.angle / 10.0);
+    if (current.angle == 0)
+        device->DrawText(decoded, x, y);
+    else
+        device->DrawRotatedText(decoded, x, y, current.angle / 10.0);
     if (!(current.style & fsStrikeOut) || current.angle != 0)
         return;
     // Kept by contract: struck-out text gets a line of its own, since wx fonts cannot be struck out; rotated

@@ -44,7 +44,7 @@ TEST(Runner, CallsOneRunnableUntilFalse)
 {
     const CHandle<ILock> lock = GetCurrentSystem()->CreateLock();
     int counter = 0, inside = 0; // of two threads
-    Work adding(5000, [&] { lock->Enter(), counter += ++inside, sched_yield(), --inside, lock->Leave(); });
+    Work adding(300, [&] { lock->Enter(), counter += ++inside, sched_yield(), --inside, lock->Leave(); });
     Work single(1), ignored(1);
     std::pair<IRunner*, Work*> const started[] = {
         {Runner(), &adding}, {Runner(), &adding}, {Runner(), &single}};
