@@ -60,6 +60,7 @@ private:
     std::deque<std::string> m_last;
     std::map<std::string, int> m_findings; // and how often
     int m_lives = 0;
+    bool m_underWay = false; // a life whose end has not been looked at
 };
 
 void Run::Begin(std::uint64_t number)
@@ -73,6 +74,7 @@ void Run::Begin(std::uint64_t number)
     ++m_lives;
     m_hands.BeginAnew();
     m_program.Start(arguments, MONKEY_WITNESS);
+    m_underWay = true;
     const auto limit = Clock::now() + std::chrono::milliseconds(2 * kPatience);
     while (m_program.IsRunning() && !m_hands.FindProgram()) {
         if (Clock::now() > limit)
@@ -99,7 +101,7 @@ bool Run::IsWell(bool mayHaveEnded)
     output += m_program.TakeOutput();
     if (!what.empty() || !output.empty())
         Found(what, output);
-    return m_program.IsRunning();
+    return m_underWay = m_program.IsRunning();
 }
 
 void Run::Step(std::uint64_t number)
@@ -127,6 +129,7 @@ void Run::Finish()
     }
     m_last.emplace_back("(close)");
     const bool ended = !m_program.IsRunning();
+    m_underWay = false;
     if (!ended)
         m_program.Stop(SIGQUIT);
     const std::string what = ended ? m_program.End() : "does not end";
@@ -160,6 +163,7 @@ std::string Kind(const std::string& text)
 void Run::Found(const std::string& what, const std::string& output)
 {
     m_program.Stop(SIGKILL);
+    m_underWay = false;
     const std::string text = what + '\n' + output + m_program.TakeOutput();
     if (++m_findings[Kind(text)] > 1)
         return;
@@ -178,8 +182,11 @@ bool Run::Go()
     for (std::uint64_t number = m_task.first; number <= m_task.last; ++number) {
         if (number % kLife == 0)
             Finish();
-        if (!m_program.IsRunning())
+        if (!m_program.IsRunning()) {
+            if (m_underWay)
+                IsWell(true); // it has ended since it was asked last
             Begin(number);
+        }
         if (!m_program.IsRunning())
             throw std::runtime_error("the program does not start");
         Step(number);
