@@ -2,6 +2,7 @@
 
 #include "convert/devicebounds.h"
 #include "port/gtkport.h"
+#include "port/wayland.h"
 
 #include <wx/bitmap.h>
 #include <wx/utils.h>
@@ -73,7 +74,7 @@ point<int> CwxMouse::GetPos() const
 {
     if (!gtkport::DisplayIsOpen())
         return {};
-    const wxPoint position = wxGetMousePosition();
+    const wxPoint position = gtkport::PointerPosition();
     return {position.x, position.y};
 }
 
