@@ -29,10 +29,8 @@ public:
 
     /// Index -1 appends.
     void SetString(const std::string& text, int index) override;
-    std::string GetString(int index) const override
-    {
-        return wx2vela(wxComboBox::GetString(static_cast<unsigned>(index)));
-    }
+    /// Empty for an index out of range.
+    std::string GetString(int index) const override;
     void DeleteString(int index) override { Delete(static_cast<unsigned>(index)); }
     void Clear() override;
     /// Of the edit field; what was fixed at creation stays.

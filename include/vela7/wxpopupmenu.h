@@ -21,7 +21,8 @@ public:
     explicit CwxPopupMenuImpl(CwxPopupMenu* owner) : m_owner(owner) {}
     ~CwxPopupMenuImpl() override;
 
-    /// Tells the owner and passes the event on: to the menu that this one is a sub-menu of, else to wx.
+    /// Tells the owner and passes the event on: to all menus that this one is in, then to the window. Without
+    /// a window wx goes on with it.
     void on_command(wxCommandEvent& event);
     /// Parts owner and native menu, which whoever calls this deletes.
     void on_destroy(wxWindowDestroyEvent& event);
@@ -31,6 +32,7 @@ public:
 
 private:
     friend class CwxPopupMenu;
+    void Tell(wxCommandEvent& event);
     CwxPopupMenu* m_owner; // null when it died
 
     wxDECLARE_EVENT_TABLE();

@@ -1,5 +1,7 @@
 #include "controls/controlevents.h"
 
+#include "port/widgets.h"
+
 #include <wx/app.h>
 #include <wx/event.h>
 #include <wx/window.h>
@@ -31,6 +33,12 @@ void ForwardNavigation(wxWindow& control, wxNavigationKeyEvent& event)
     tab.m_keyCode = WXK_TAB;
     tab.SetShiftDown(backward);
     parent->GetEventHandler()->ProcessEvent(tab);
+}
+
+void FollowSize(wxWindow& control, const wxEvent& event)
+{
+    if (event.GetEventType() == wxEVT_SIZE || event.GetEventType() == wxEVT_SHOW)
+        gtkport::FitTheme(control);
 }
 
 void AdoptLayoutDirection(wxWindow* control)

@@ -11,6 +11,9 @@ namespace vela7 {
 /// press.
 void ForwardNavigation(wxWindow& control, wxNavigationKeyEvent& event);
 
+/// For each event of a control: its looks go with its size.
+void FollowSize(wxWindow& control, const wxEvent& event);
+
 /// Whether it is the press of a Tab key.
 bool IsTabPress(const wxEvent& event);
 

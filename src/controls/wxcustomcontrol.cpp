@@ -2,6 +2,7 @@
 
 #include "controls/controlevents.h"
 #include "life/callout.h"
+#include "port/widgets.h"
 #include "vela7/wxsyswindow.h"
 #include "vela7/wxvelawindow.h"
 
@@ -33,7 +34,10 @@ bool CFocusReporter<T>::FireAny(wxEvent& event, const std::type_info& type, Noti
 template <class T>
 void CFocusReporter<T>::ReportFocusIn(wxFocusEvent& event)
 {
-    if (!this->m_inSetFocusEx && event.GetWindow() == this->m_control)
+    // Which window had it before, only wx 3.2 tells of a focus that has really come; nobody is to depend on
+    // that.
+    const bool hasCome = wxWindow::FindFocus() == this->m_control;
+    if (hasCome || (!this->m_inSetFocusEx && event.GetWindow() == this->m_control))
         event.SetWindow(nullptr);
     Report(event, !this->m_inSetFocusEx || event.GetWindow());
 }
@@ -89,6 +93,7 @@ CwxControlHolder::CwxControlHolder(wxWindow* control, IChildFocusNotify* notify,
         return;
     Bind(wxEVT_DESTROY, &CwxControlHolder::destroyEvent, this);
     PushOnto(*control);
+    gtkport::FocusBeforePress(*control);
 }
 
 CwxControlHolder::~CwxControlHolder()
@@ -112,6 +117,7 @@ bool CwxControlHolder::ProcessHeld(wxEvent& event)
             parent->GetEventHandler()->ProcessEvent(event);
         return true;
     }
+    FollowSize(*m_control, event);
     if (event.GetEventType() == wxEVT_NAVIGATION_KEY) {
         ForwardNavigation(*m_control, static_cast<wxNavigationKeyEvent&>(event));
         return true;

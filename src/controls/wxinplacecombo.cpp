@@ -48,6 +48,13 @@ void CwxInplaceCombo::SetString(const std::string& text, int index)
         wxComboBox::SetString(static_cast<unsigned>(index), vela2wx(text));
 }
 
+std::string CwxInplaceCombo::GetString(int index) const
+{
+    const auto item = static_cast<unsigned>(index);
+    return IsValid(item) ? wx2vela(wxComboBox::GetString(item))
+                         : std::string(); // wx 3.2 asserts, 3.0 does not
+}
+
 void CwxInplaceCombo::Clear()
 {
     const CLifeWatch alive = WatchLife();

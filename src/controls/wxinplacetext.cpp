@@ -68,6 +68,7 @@ CInplaceText<W, T>::CInplaceText(wxWindow* parent, long wxStyle, IChildFocusNoti
 {
     Create(static_cast<W&>(*this), parent, wxStyle);
     AdoptLayoutDirection(this);
+    gtkport::FocusBeforePress(*this);
 }
 
 template <class W, class T>
@@ -109,6 +110,7 @@ bool CInplaceText<W, T>::ProcessEvent(wxEvent& event)
 {
     // The window waits too, so that all is as usual when GTK is back in its own code.
     const CEventLife::CHold hold(m_use), above(HostLife(*this, m_use));
+    FollowSize(*this, event);
     if (event.GetEventType() == wxEVT_NAVIGATION_KEY)
         ForwardNavigation(*this, static_cast<wxNavigationKeyEvent&>(event));
     else if (IsTabPress(event))

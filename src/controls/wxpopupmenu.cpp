@@ -14,6 +14,7 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace vela7 {
 
@@ -70,22 +71,56 @@ bool CwxPopupMenuImpl::ProcessEvent(wxEvent& event)
     return wxMenu::ProcessEvent(event);
 }
 
+namespace {
+
+// A command that is being taken to the menus above and to the window.
+class COnItsWay
+{
+public:
+    explicit COnItsWay(const wxEvent& event) : m_outer(std::exchange(s_event, &event)) {}
+    ~COnItsWay() { s_event = m_outer; }
+    COnItsWay(const COnItsWay&) = delete;
+    COnItsWay& operator=(const COnItsWay&) = delete;
+    static bool Is(const wxEvent& event) { return s_event == &event; }
+
+private:
+    static const wxEvent* s_event;
+    const wxEvent* const m_outer; // a listener may open another menu
+};
+
+const wxEvent* COnItsWay::s_event = nullptr;
+
+} // namespace
+
+void CwxPopupMenuImpl::Tell(wxCommandEvent& event)
+{
+    m_owner ? m_owner->Chosen(event) : event.Skip();
+}
+
+// wx 3.0 leaves out the menus above, 3.2 does not, and either goes on with what a listener has ended: so all
+// of the way is gone from here.
 void CwxPopupMenuImpl::on_command(wxCommandEvent& event)
 {
     const CEventLife::CHold inUse(Menus());
+    if (COnItsWay::Is(event)) // from a menu below
+        return Tell(event);
+    const COnItsWay onItsWay(event);
     // As they are now: a listener may take this menu out of its parent, or destroy the window.
-    wxEvtHandler* const parent = gtkport::MenuCommandsReachParents() ? nullptr : GetParentHandler();
+    std::vector<wxWeakRef<wxEvtHandler>> above;
+    for (const wxMenu* menu = GetParent(); menu; menu = menu->GetParent())
+        above.emplace_back(menu->GetEventHandler());
     const wxWeakRef<wxWindow> window(GetWindow());
     const bool hadWindow = window;
-    if (m_owner)
-        m_owner->Chosen(event);
-    event.Skip(!parent);
-    if (parent) {
-        parent->ProcessEvent(event);
-        event.SetWillBeProcessedAgain(); // by the window; the application's turn is after that
+    Tell(event);
+    for (const wxWeakRef<wxEvtHandler>& menu : above) {
+        event.SetWillBeProcessedAgain(); // the application's turn is after the window's
+        if (menu)
+            menu->SafelyProcessEvent(event);
     }
-    if (hadWindow && !window) // wx would go on to it
-        event.Skip(false);
+    event.WillBeProcessedAgain(); // no more, and if nobody asked, this withdraws it
+    if (window)
+        window->HandleWindowEvent(event);
+    event.Skip(!hadWindow);
 }
 
 void CwxPopupMenuImpl::on_destroy(wxWindowDestroyEvent& event)
@@ -242,7 +277,7 @@ void CwxPopupMenu::OnWindowDestroy(wxWindowDestroyEvent& event)
 {
     event.Skip();
     if (m_menu && event.GetWindow() == m_window)
-        gtkport::CloseMenu(*m_menu);
+        gtkport::CloseOrphan(*m_menu);
 }
 
 // May end this menu.

@@ -1,5 +1,6 @@
 #include "vela7/wxscrollbar.h"
 
+#include "controls/controlevents.h"
 #include "life/callout.h"
 
 #include <algorithm>
@@ -62,6 +63,7 @@ void CwxScrollBar::OnParentEnds()
 bool CwxScrollBar::ProcessEvent(wxEvent& event)
 {
     const CEventLife::CHold hold(m_use);
+    FollowSize(*this, event);
     return wxScrollBar::ProcessEvent(event);
 }
 

@@ -6,6 +6,7 @@
 
 #include "port/gtk.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <memory>

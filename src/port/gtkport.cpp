@@ -105,7 +105,7 @@ wxSize Millimetres(const wxDC& dc)
     const wxSize pixels = dc.GetSize();
     G_GNUC_BEGIN_IGNORE_DEPRECATIONS // of monitors much is known today, of the whole screen only this
         const double perX = double(gdk_screen_get_width(screen)) / gdk_screen_get_width_mm(screen);
-        const double perY = double(gdk_screen_get_height(screen)) / gdk_screen_get_height_mm(screen);
+    const double perY = double(gdk_screen_get_height(screen)) / gdk_screen_get_height_mm(screen);
     G_GNUC_END_IGNORE_DEPRECATIONS
     return wxSize(static_cast<int>(pixels.x / perX), static_cast<int>(pixels.y / perY));
 #else

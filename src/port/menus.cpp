@@ -3,7 +3,6 @@
 #include "port/gtk.h"
 
 #include <wx/menu.h>
-#include <wx/version.h>
 
 namespace vela7 {
 namespace gtkport {
@@ -14,16 +13,18 @@ void CloseMenu(wxMenu& menu)
         gtk_menu_shell_cancel(GTK_MENU_SHELL(menu.m_menu));
 }
 
+void CloseOrphan(wxMenu& menu)
+{
+    menu.SetInvokingWindow(nullptr);
+    CloseMenu(menu);
+    menu.m_popupShown = false; // without a window, wx does not notice
+}
+
 void CloseSubMenu(wxMenuItem& item)
 {
     wxMenu* const sub = item.GetSubMenu();
     if (sub && item.GetMenu() && gtk_widget_get_visible(sub->m_menu))
         gtk_menu_shell_deselect(GTK_MENU_SHELL(item.GetMenu()->m_menu));
-}
-
-bool MenuCommandsReachParents()
-{
-    return wxCHECK_VERSION(3, 2, 0);
 }
 
 } // namespace gtkport

@@ -88,7 +88,7 @@ bool CPicture::Fit()
     if (m_bitmap.IsOk() && m_bitmap.GetLogicalSize() == extent && m_bitmap.GetScaleFactor() == scale)
         return true;
     wxBitmap fitting;
-    fitting.CreateWithLogicalSize(extent, scale, 24);
+    fitting.CreateScaled(extent.x, extent.y, -1, scale);
     wxMemoryDC dc;
     dc.SelectObjectAsSource(fitting);
     dc.SetBackground(m_window.GetBackgroundColour());

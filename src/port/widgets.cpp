@@ -5,6 +5,8 @@
 #include <wx/sizer.h>
 #include <wx/window.h>
 
+#include <array>
+#include <bitset>
 #include <vector>
 
 namespace vela7 {
@@ -84,6 +86,140 @@ GtkWidget* Aside()
 }
 
 } // namespace
+
+#if GTK_CHECK_VERSION(3, 0, 0)
+
+namespace {
+
+// After wx's handler and before GTK's. True, for nobody else, when a listener has ended the control.
+gboolean TakeFocus(GtkWidget* widget, GdkEventButton*, gpointer)
+{
+    if (gtk_widget_has_focus(widget))
+        return FALSE;
+    GtkWidget* const place = gtk_widget_get_toplevel(widget);
+    if (GTK_IS_ENTRY(widget))
+        gtk_entry_grab_focus_without_selecting(GTK_ENTRY(widget)); // as a click does
+    else
+        gtk_widget_grab_focus(widget);
+    return gtk_widget_get_toplevel(widget) != place;
+}
+
+} // namespace
+
+void FocusBeforePress(wxWindow& control)
+{
+    GtkWidget* const text = control.GetConnectWidget();
+    if (!GTK_IS_ENTRY(text) && !GTK_IS_TEXT_VIEW(text))
+        return;
+    g_signal_handlers_disconnect_by_func(text, gpointer(TakeFocus), nullptr); // once, whoever asks
+    g_signal_connect(text, "button-press-event", G_CALLBACK(TakeFocus), nullptr);
+}
+
+namespace {
+
+// What a control does without, for each dimension: at first its least size, at last all around its contents.
+constexpr const char* kThrift[] = {
+    "* { min-width: 0; }",
+    "* { margin-left: 0; border-left-width: 0; padding-left: 0;"
+    "    margin-right: 0; border-right-width: 0; padding-right: 0; }",
+    "* { min-height: 0; }",
+    "* { margin-top: 0; border-top-width: 0; padding-top: 0;"
+    "    margin-bottom: 0; border-bottom-width: 0; padding-bottom: 0; }",
+};
+constexpr std::size_t kSteps = 4;
+
+GtkStyleProvider* Thrift(std::size_t step)
+{
+    static std::array<GtkCssProvider*, kSteps> providers{}; // to the end of the process
+    GtkCssProvider*& provider = providers.at(step);
+    if (!provider) {
+        provider = gtk_css_provider_new();
+        gtk_css_provider_load_from_data(provider, kThrift[step], -1, nullptr);
+    }
+    return GTK_STYLE_PROVIDER(provider);
+}
+
+using Thrifts = std::bitset<kSteps>;
+
+void SetThrifts(GtkWidget* widget, gpointer thrifts)
+{
+    GtkStyleContext* const style = gtk_widget_get_style_context(widget);
+    for (std::size_t step = 0; step < kSteps; ++step) {
+        gtk_style_context_remove_provider(style, Thrift(step));
+        if (static_cast<const Thrifts*>(thrifts)->test(step))
+            gtk_style_context_add_provider(style, Thrift(step), GTK_STYLE_PROVIDER_PRIORITY_USER);
+    }
+    if (GTK_IS_CONTAINER(widget))
+        gtk_container_forall(GTK_CONTAINER(widget), SetThrifts, thrifts);
+}
+
+struct ThemeSize // of a widget
+{
+    GtkRequisition least{}; // as the theme alone wants it
+    Thrifts thrifts;
+};
+
+} // namespace
+
+void FitTheme(wxWindow& control)
+{
+    static constexpr char known[] = "vela7-theme-size";
+    GtkWidget* const widget = control.m_widget;
+    if (!widget || !gtk_widget_get_visible(widget)) // while hidden it wants nothing
+        return;
+    auto* theme = static_cast<ThemeSize*>(g_object_get_data(G_OBJECT(widget), known));
+    if (!theme)
+        g_object_set_data_full(G_OBJECT(widget), known, theme = new ThemeSize,
+                               [](gpointer size) { delete static_cast<ThemeSize*>(size); });
+    if (theme->thrifts.none())
+        gtk_widget_get_preferred_size(widget, &theme->least, nullptr);
+    const wxSize size = control.GetSize();
+    Thrifts thrifts;
+    thrifts[0] = size.x < theme->least.width;
+    thrifts[1] = size.x < theme->least.width / 2;
+    thrifts[2] = size.y < theme->least.height;
+    thrifts[3] = size.y < theme->least.height / 2;
+    if (thrifts == theme->thrifts)
+        return;
+    theme->thrifts = thrifts;
+    SetThrifts(widget, &thrifts);
+}
+
+namespace {
+
+// As GTK's own, but over a list of its own, of what is there when its turn comes.
+gboolean DrawChildren(GtkWidget* widget, cairo_t* cr)
+{
+    GList* const children = gtk_container_get_children(GTK_CONTAINER(widget));
+    g_list_foreach(
+        children, [](gpointer child, gpointer) { g_object_ref(child); }, nullptr);
+    for (const GList* entry = children; entry; entry = entry->next) {
+        auto* const child = static_cast<GtkWidget*>(entry->data);
+        if (gtk_widget_get_parent(child) == widget)
+            gtk_container_propagate_draw(GTK_CONTAINER(widget), child, cr);
+    }
+    g_list_free_full(children, g_object_unref);
+    return FALSE;
+}
+
+} // namespace
+
+// For the class, since the windows around may be anybody's.
+void BearChangesWhileDrawing(const wxWindow& window)
+{
+    if (window.m_wxwindow && GTK_IS_FIXED(window.m_wxwindow))
+        GTK_WIDGET_GET_CLASS(window.m_wxwindow)->draw = DrawChildren;
+}
+
+#else
+
+void FocusBeforePress(wxWindow&) {}
+
+void FitTheme(wxWindow&) {}
+
+void BearChangesWhileDrawing(const wxWindow&) {} // each window is drawn by itself
+
+#endif
 
 void TakeFromParent(wxWindow& window)
 {

@@ -16,6 +16,7 @@
 #include "port/drawing.h"
 #include "port/gtkport.h"
 #include "port/wayland.h"
+#include "port/widgets.h"
 #include "vela7/palette.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxmouse.h"
@@ -102,6 +103,7 @@ void CwxSysWindow::CreateNative(wxWindow* parent)
                    wxCLIP_CHILDREN | wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE,
                    "vela_wx_control");
     window = native.release(); // now its parent's
+    gtkport::BearChangesWhileDrawing(*window);
     if (window->GetLayoutDirection() == wxLayout_RightToLeft)
         window->SetLayoutDirection(wxLayout_LeftToRight);
 }

@@ -27,7 +27,7 @@ const std::vector<Row> editRows = {
     {"menukey",  "menu",    Nothing, [](Scene&) { KeyDown(GDK_KEY_Menu); }},
     {"focusout", "out",     Nothing, [](Scene& s) { s.other->SetFocus(); }},
     {"hideout",  "out",     Nothing, [](Scene& s) { s.control->SetVisible(false); }},
-    {"clickout", "out",     Nothing, [](Scene& s) { PointAt(s.other, 5, 5); Press(); }},
+    {"clickout", "out",     Nothing, [](Scene& s) { PointAt(s.field, 5, 5); Press(); }},
     {"focusin",  "in",      Leave,   Enter},
     {"clickin",  "in",      [](Scene& s) { Leave(s); Point(s); }, [](Scene&) { Press(); }},
     {"whilefocused", "",     Nothing, Now},
@@ -43,8 +43,8 @@ const std::vector<Row> comboRows = {
     {"itemevent", "item",    Nothing, [](Scene& s) { Send(s.nativeControl, wxCommandEvent(wxEVT_COMBOBOX)); }},
 };
 const std::vector<Row> barRows = {
-    {"page",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Click(rightButton); }},
-    {"press",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Press(); }},
+    {"page",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Click(); }},
+    {"press",  "scroll", [](Scene& s) { PointAt(s.nativeControl, 170, 5); }, [](Scene&) { Press(middleButton); }}, // moves the thumb here
     {"drag",   "scroll", [](Scene& s) { PointAt(s.nativeControl, 110, 5); Press(); },
                          [](Scene&) { MovePointer(wxGetMousePosition().x - 60, wxGetMousePosition().y); }},
     {"whiledragged", "", [](Scene& s) { PointAt(s.nativeControl, 110, 5); Press(); PointAt(s.nativeControl, 100, 5); }, Now},

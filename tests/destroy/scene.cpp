@@ -153,6 +153,8 @@ void Scene::Build(Shape shape)
     Watch(theSibling, new CwxSysWindow(root, true, ISysWindow::wtNormal));
     Window(theSibling)->SetWindowRect(250, 10, 350, 110, false);
     other = new wxTextCtrl(frame, wxID_ANY, "", wxPoint(20, 220));
+    // GTK 3's own text controls could not bear an event loop in the middle of that.
+    field = new wxWindow(frame, wxID_ANY, wxPoint(20, 260), wxSize(60, 30));
     other->SetFocus();
     Settle();
 }

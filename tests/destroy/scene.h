@@ -137,6 +137,7 @@ public:
     CwxSysWindow* window = nullptr;
     wxWindow* native = nullptr;
     wxWindow* other = nullptr; // takes the focus
+    wxWindow* field = nullptr; // so does this, by a click
     CHandle<ICustomControl> control;
     CHandle<IInplaceEdit> text; // the same, while it is prepared
     wxWindow* nativeControl = nullptr;

@@ -45,7 +45,7 @@ const std::vector<Row> windowRows = {
     {"tabkey",     "keydown", Focus,                                         [](Scene&) { KeyDown(GDK_KEY_Tab); }},
     {"char",       "char",    Focus,                                         [](Scene&) { KeyDown(GDK_KEY_a); }},
     {"keyup",      "keyup",   Hold,                                          [](Scene&) { KeyUp(GDK_KEY_a); }},
-    {"tab",        "tab",     [](Scene& s) { Focus(s); s.other->Hide(); s.Window(theSibling)->SetVisible(false); },    [](Scene&) { KeyDown(GDK_KEY_Tab); }},
+    {"tab",        "tab",     [](Scene& s) { Focus(s); s.other->Hide(); s.field->Hide(); s.Window(theSibling)->SetVisible(false); },    [](Scene&) { KeyDown(GDK_KEY_Tab); }},
     {"focus",      "focus",   Nothing,                                       Focus},
     {"focusclick", "focus",   Point,                                         [](Scene&) { Press(); }},
     {"unfocus",    "unfocus", Focus,                                         [](Scene& s) { s.other->SetFocus(); }},

@@ -36,6 +36,20 @@ void RecordGLibMessage(const gchar* domain, GLogLevelFlags level, const gchar* m
         g_log_default_handler(domain, level, message, nullptr);
 }
 
+// What is logged in GLib's newer way, as GTK 3 does, does not come to the handler.
+GLogWriterOutput RecordGLibFields(GLogLevelFlags level, const GLogField* fields, gsize count, gpointer)
+{
+    if (!(level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_WARNING)))
+        return g_log_writer_default(level, fields, count, nullptr);
+    std::string domain, message;
+    for (const GLogField* field = fields; field != fields + count; ++field)
+        for (auto* const part : {&domain, &message})
+            if (std::string(part == &domain ? "GLIB_DOMAIN" : "MESSAGE") == field->key)
+                *part = static_cast<const char*>(field->value);
+    RecordGLibMessage(domain.c_str(), level, message.c_str(), nullptr);
+    return G_LOG_WRITER_HANDLED;
+}
+
 class RecordingLog : public wxLog
 {
     void DoLogRecord(wxLogLevel level, const wxString& text, const wxLogRecordInfo& info) override
@@ -78,6 +92,7 @@ public:
         wxSetAssertHandler(RecordAssert);
         delete wxLog::SetActiveTarget(new RecordingLog);
         g_log_set_default_handler(RecordGLibMessage, nullptr);
+        g_log_set_writer_func(RecordGLibFields, nullptr, nullptr);
         wxInitAllImageHandlers();
         return true;
     }

@@ -1,7 +1,9 @@
 #include "support/platform.h"
 
+#include <algorithm>
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
+#include <list>
 #include <wx/animate.h>
 #include <wx/stopwatch.h>
 #include <wx/window.h>
@@ -17,18 +19,33 @@ GdkDevice* Pointer()
     return gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_display_get_default()));
 }
 
-// Turns the loop until a frame of the clock is through.
-void AwaitFrame(GdkFrameClock* frames)
+// A frame of one window, asked for and waited for.
+class CFrame
 {
-    bool done = false;
-    const auto notice = [](GdkFrameClock*, gpointer painted) { *static_cast<bool*>(painted) = true; };
-    const gulong handler = g_signal_connect(
-        frames, "after-paint", G_CALLBACK(+static_cast<void (*)(GdkFrameClock*, gpointer)>(notice)), &done);
-    gdk_frame_clock_request_phase(frames, GDK_FRAME_CLOCK_PHASE_AFTER_PAINT);
-    for (const wxStopWatch clock; !done && clock.Time() < 200;) // a clock whose window has gone stands still
-        gtk_events_pending() ? void(gtk_main_iteration()) : g_usleep(200);
-    g_signal_handler_disconnect(frames, handler);
-}
+public:
+    explicit CFrame(GdkFrameClock* frames)
+        : m_frames(static_cast<GdkFrameClock*>(g_object_ref(frames))),
+          m_handler(g_signal_connect(frames, "after-paint", G_CALLBACK(OnPainted), this))
+    {
+        gdk_frame_clock_request_phase(frames, GDK_FRAME_CLOCK_PHASE_AFTER_PAINT);
+    }
+    ~CFrame()
+    {
+        if (g_signal_handler_is_connected(m_frames, m_handler)) // they go with the clock's window
+            g_signal_handler_disconnect(m_frames, m_handler);
+        g_object_unref(m_frames);
+    }
+    CFrame(const CFrame&) = delete;
+    CFrame& operator=(const CFrame&) = delete;
+
+    bool painted = false;
+
+private:
+    static void OnPainted(GdkFrameClock*, gpointer self) { static_cast<CFrame*>(self)->painted = true; }
+
+    GdkFrameClock* const m_frames;
+    const gulong m_handler;
+};
 
 struct PixbufReader : wxAnimationCtrl
 {
@@ -43,20 +60,21 @@ struct PixbufReader : wxAnimationCtrl
 
 void AwaitFrames()
 {
+    std::list<CFrame> frames;
     GList* const all = gtk_window_list_toplevels();
-    g_list_foreach(
-        all, [](gpointer window, gpointer) { g_object_ref(window); }, nullptr);
     for (const GList* one = all; one; one = one->next) {
         auto* const widget = static_cast<GtkWidget*>(one->data);
-        GdkFrameClock* const frames =
+        GdkFrameClock* const clock =
             gtk_widget_get_mapped(widget) ? gtk_widget_get_frame_clock(widget) : nullptr;
-        if (!frames)
-            continue;
-        g_object_ref(frames);
-        AwaitFrame(frames);
-        g_object_unref(frames);
+        if (clock)
+            frames.emplace_back(clock);
     }
-    g_list_free_full(all, g_object_unref);
+    g_list_free(all);
+    const auto isPainted = [](const CFrame& frame) { return frame.painted; };
+    // The clock of a window that goes meanwhile stands still.
+    for (const wxStopWatch clock;
+         !std::all_of(frames.begin(), frames.end(), isPainted) && clock.Time() < 200;)
+        gtk_events_pending() ? void(gtk_main_iteration()) : g_usleep(200);
 }
 
 wxPoint Fraction(const wxWindow& window)

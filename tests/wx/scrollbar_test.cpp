@@ -134,8 +134,8 @@ TEST_F(ScrollBars, MouseAndFocus)
     auto* const other = new wxTextCtrl(frame, wxID_ANY, "", wxPoint(20, 220));
     other->SetFocus();
     bar->SetFocus();
-    PointAt(nativeBar, 170, 5);                            // behind the thumb
-    Click(rightButton);                                    // the theme has the left one move the thumb here
+    PointAt(nativeBar, 170, 5); // behind the thumb
+    Click();
     EXPECT_EQ(Lines{"scroll 80 action 3"}, heard->Take()); // from 60, by a page of 20
     PointAt(nativeBar, 145, 5);
     Press();

@@ -71,9 +71,8 @@ void Hands::Inside::ReadEvents()
         XNextEvent(display, &event);
         if (event.type != ClientMessage)
             changed = true;
-        else if (event.xclient.message_type == Name("WM_PROTOCOLS") &&
-                 Atom(event.xclient.data.l[0]) == Name("_NET_WM_PING"))
-            pongs = std::max(pongs, event.xclient.data.l[1]);
+        else if (event.xclient.message_type == Name("_MONKEY_PING")) // the witness's answer
+            pongs = std::max(pongs, event.xclient.data.l[0]);
     }
 }
 
@@ -368,7 +367,7 @@ Hands::Answer Hands::WaitForProgram(int milliseconds, const std::function<bool()
     const auto limit = Clock::now() + std::chrono::milliseconds(milliseconds);
     XSync(m->display, False);
     test::x11::SyncWithWindowManager();
-    m->Tell(m->main, "WM_PROTOCOLS", long(m->Name("_NET_WM_PING")), ++m->pings, long(m->main), false);
+    m->Tell(m->main, "_MONKEY_PING", ++m->pings, 0, 0, false);
     XFlush(m->display);
     pollfd connection{ConnectionNumber(m->display), POLLIN, 0};
     while (m->ReadEvents(), m->pongs < m->pings) {
