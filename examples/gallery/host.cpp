@@ -6,8 +6,8 @@
 ///     gallery --replay FILE       gives the shown page the input that the Events page saved in FILE
 ///     gallery --screenshots DIR   writes DIR/<page>.png for each page and ends; the frame must not be
 ///     covered
-///     gallery --tour              opens on each page, or on the one of --page, what it can open, closes it again,
-///     and at last ends while a menu is open
+///     gallery --tour              opens on each page, or on the one of --page, what it can open, closes it
+///     again and ends
 
 #include "../capture.h"
 #include "page.h"
@@ -237,45 +237,18 @@ bool WriteScreenshots(GalleryFrame& frame, const wxString& directory)
 
 // ---- tour
 
-/// Opens the menus of the pages until the frame is destroyed, which happens while the first of them is open.
-/// False when nothing was open.
-bool EndInMenu(GalleryFrame& frame)
-{
-    bool ended = false;
-    wxTimer end;
-    end.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        ended = true;
-        frame.Destroy();
-    });
-    const auto isGrid = [](const PageSlot& slot) { return slot.name == "Grid"; };
-    const auto grid = std::find_if(frame.Slots().begin(), frame.Slots().end(), isGrid);
-    if (grid == frame.Slots().end() ||
-        !PaintPage(frame, static_cast<std::size_t>(grid - frame.Slots().begin())))
-        return false;
-    grid->page->ShowSample(false);
-    end.StartOnce(500);
-    grid->page->OpenMenu();
-    if (!ended) {
-        std::fprintf(stderr, "gallery: the menu did not stay open\n");
-        frame.Destroy();
-    }
-    return ended;
-}
-
 bool Tour(GalleryFrame& frame, const std::string& only)
 {
     for (std::size_t i = 0; i < frame.Slots().size(); ++i) {
         const PageSlot& slot = frame.Slots()[i];
         if (!only.empty() && slot.name != only)
             continue;
-        if (!PaintPage(frame, i)) {
-            frame.Destroy();
+        if (!PaintPage(frame, i))
             return false;
-        }
         slot.page->ShowSample(false);
         std::printf("%s\n", slot.name.c_str());
     }
-    return EndInMenu(frame);
+    return WaitForQuiet();
 }
 
 // ---- application
@@ -324,11 +297,7 @@ public:
         bool done = false;
         wxTimer start; // so that it happens in the main loop, like everything else
         start.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-            if (m_tour) {
-                done = Tour(*m_frame, m_page.ToStdString());
-                return;
-            }
-            done = WriteScreenshots(*m_frame, m_directory);
+            done = m_tour ? Tour(*m_frame, m_page.ToStdString()) : WriteScreenshots(*m_frame, m_directory);
             m_frame->Destroy();
         });
         start.StartOnce(1);

@@ -32,8 +32,6 @@ public:
     virtual vela7::point<double> SamplePlace() const { return {1 / 3.0, 5 / 8.0}; }
     /// For its screenshot opens what it would open for a click; false, afterwards: closes it again.
     virtual void ShowSample(bool /*show*/) {}
-    /// Opens its menu, if it has one, and returns when that has been closed. By then the page may be gone.
-    virtual void OpenMenu() {}
 };
 
 struct PageEntry

@@ -57,12 +57,6 @@ public:
         Subscribe<IContextMenuNotify>(m_inside, this);
     }
     void ShowSample(bool show) override;
-    void OpenMenu() override
-    {
-        CContextMenuEvent event(&m_inside);
-        event.position = {120, 90};
-        OnContextMenu(&event);
-    }
 
 private:
     int RowCount() const override { return int(m_rows.size()); }

@@ -1,0 +1,134 @@
+// Toolkit windows on Wayland, below a compositor that is a window of an X server: its screen is read there
+// and its input made there. Nobody tells where a window is, so what it shows is searched for.
+#include "support/x11.h"
+#include "wx/windowhelpers.h"
+
+#include "vela7/menu.h"
+#include "vela7/wxmouse.h"
+#include "vela7/wxpopup.h"
+
+#include <wx/timer.h>
+
+using namespace vela7;
+using namespace vela7::test;
+
+namespace {
+
+constexpr std::uint32_t drawn = 0xc814e6, later = 0x14c832, content = 0xe6a014; // nobody else's colours
+const wxSize screen(1280, 1024);
+const wxSize whole(200, 100);
+
+// Where a colour is on the screen; empty: nowhere.
+wxRect Find(std::uint32_t colour)
+{
+    wxRect found;
+    const auto pixels = x11::ReadScreen(0, 0, screen.x, screen.y, 0, 0);
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        if (pixels[i] == colour)
+            found.Union({int(i) % screen.x, int(i) / screen.x, 1, 1});
+    return found;
+}
+
+// A window that draws itself white, and whoever draws on it from outside.
+class Wayland : public WindowTest, protected CSubscriber<IDrawingNotify>
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_NO_FATAL_FAILURE(WindowTest::SetUp());
+        Subscribe<IDrawingNotify>(*window, this);
+        window->Invalidate(0, 0, 200, 100);
+        ASSERT_TRUE(WaitFor([this] { return paints > 0; }, "the first paint"));
+        Settle();
+        paints = 0;
+    }
+    void OnDraw(CDrawEvent* event) override
+    {
+        ++paints;
+        damage = event->painter->GetUpdateRect();
+        event->painter->SetBackgroundColor({255, 255, 255});
+        const CPaintScope paint(*event->painter, ssClear);
+    }
+    void Draw(std::uint32_t colour, const rectangle<double>& area, StdSettings settings = ssAsIs)
+    {
+        IPainter& painter = *window->TakeDefPainter();
+        const CPaintScope paint(painter, settings);
+        painter.SetBrush({Toolkit(colour), bsSolid});
+        painter.FillRect(area.left, area.top, area.right, area.bottom);
+    }
+    static bool Shows(std::uint32_t colour, const wxSize& extent)
+    {
+        return WaitFor([&] { return Find(colour).GetSize() == extent; }, "a colour on the screen");
+    }
+    int paints = 0;
+    rectangle<int> damage;
+};
+
+} // namespace
+
+TEST_F(Wayland, WhatIsDrawnOutsideOfAPaintIsShown)
+{
+    for (const StdSettings settings : {ssAsIs, ssClear, ssBuffered}) {
+        Draw(drawn, {20, 10, 60, 40}, settings);
+        Draw(later, {30, 20, 40, 30}); // on what was drawn before
+        EXPECT_EQ(Toolkit(later), window->GetPixel(35, 25));
+        EXPECT_TRUE(Shows(drawn, {40, 30}) && Shows(later, {10, 10}));
+        EXPECT_EQ(0, paints) << "the listeners have nothing to do with it";
+        window->Invalidate(0, 0, 200, 100);
+        EXPECT_TRUE(Shows(drawn, {}) && Shows(later, {}));
+        EXPECT_EQ(1, std::exchange(paints, 0));
+    }
+}
+
+TEST_F(Wayland, DamageInTheSameFrame)
+{
+    Draw(drawn, {20, 10, 60, 40});
+    window->Invalidate(100, 50, 110, 60);
+    EXPECT_TRUE(Shows(drawn, {40, 30}));
+    EXPECT_EQ(1, paints);
+    EXPECT_EQ((rectangle<int>{100, 50, 110, 60}), damage);
+    Draw(later, {0, 0, 10, 10});
+    panel->Refresh(); // with its children
+    EXPECT_TRUE(WaitFor([this] { return paints == 2; }, "a paint") && Shows(drawn, {}) && Shows(later, {}));
+    native->Hide();
+    Draw(drawn, {20, 10, 60, 40}); // is lost as ever
+    native->Show();
+    EXPECT_TRUE(WaitFor([this] { return paints == 3; }, "a paint") && Shows(drawn, {}));
+}
+
+TEST_F(Wayland, PointerPopupAndMenu)
+{
+    heard->Hear<IMouseNotify>();
+    Draw(drawn, {0, 0, 200, 100});
+    ASSERT_TRUE(Shows(drawn, whole));
+    const wxPoint at = Find(drawn).GetPosition() + wxPoint(50, 40);
+    x11::MovePointer(at.x, at.y);
+    const auto isAt = [&] {
+        point<int> place = CwxMouse().GetPos();
+        window->ScreenToWindow(place);
+        return place == point<int>(50, 40);
+    };
+    EXPECT_TRUE(WaitFor(isAt, "the pointer in the window"));
+    const CHandle<IPopup> popup = window->CreatePopup();
+    popup->GetContent()->TakeDefPainter()->SetBackgroundColor(Toolkit(content));
+    popup->SetSize(60, 30);
+    point<int> place{100, 60};
+    window->WindowToScreen(place);
+    popup->Show(place.x, place.y);
+    EXPECT_TRUE(Shows(content, {60, 30}));
+    EXPECT_EQ(at + wxPoint(50, 20), Find(content).GetPosition());
+    x11::Button(1, true), x11::Button(1, false); // beside it
+    EXPECT_TRUE(WaitFor([&] { return !popup->IsVisible(); }, "the popup's end") && Shows(content, {}));
+
+    const CHandle<IPopupMenu> menu = window->CreateMenu();
+    menu->InsertItem("item", 0, 0);
+    bool opened = false;
+    native->Bind(wxEVT_CONTEXT_MENU, [&](wxContextMenuEvent&) {
+        wxTimer end;
+        end.Bind(wxEVT_TIMER, [&](wxTimerEvent&) { opened = true, frame->Destroy(); });
+        end.StartOnce(300);
+        menu->Execute(50, 40);
+    });
+    x11::Button(3, true), x11::Button(3, false);
+    EXPECT_TRUE(WaitFor([&] { return opened && !frame; }, "the end of the frame while its menu is open"));
+}
