@@ -50,15 +50,25 @@ protected:
         event->painter->SetBackgroundColor({255, 255, 255});
         const CPaintScope paint(*event->painter, ssClear);
     }
-    point<int> Pointer() const
+    static point<int> PointerIn(const ISysWindow& target)
     {
         point<int> place = CwxMouse().GetPos();
-        window->ScreenToWindow(place);
+        target.ScreenToWindow(place);
         return place;
+    }
+    // Moves the pointer to a place that is (50,20) in the target.
+    static bool PointAt(const wxPoint& place, const ISysWindow& target)
+    {
+        x11::MovePointer(place.x, place.y);
+        const auto arrived = [&] { // the compositor may round to either side
+            const point<int> told = PointerIn(target);
+            return std::abs(told.x - 50) <= 1 && std::abs(told.y - 20) <= 1;
+        };
+        return WaitFor(arrived, "the pointer");
     }
     void OnContextMenu(CContextMenuEvent* event) override
     {
-        EXPECT_EQ(Pointer(), event->position);
+        EXPECT_EQ(PointerIn(*window), event->position);
         const CHandle<IPopupMenu> menu = window->CreateMenu();
         menu->InsertItem("item", 0, 0);
         wxTimer end;
@@ -118,12 +128,8 @@ TEST_F(Wayland, PointerPopupAndMenu)
 {
     Draw(drawn, {0, 0, 200, 100});
     ASSERT_TRUE(Shows(drawn, whole));
-    const wxPoint at = Find(drawn).GetPosition() + wxPoint(50, 40);
-    x11::MovePointer(at.x, at.y);
-    const auto arrived = [&] { // the compositor may round to either side
-        return std::abs(Pointer().x - 50) <= 1 && std::abs(Pointer().y - 40) <= 1;
-    };
-    EXPECT_TRUE(WaitFor(arrived, "the pointer in the window"));
+    const wxPoint at = Find(drawn).GetPosition() + wxPoint(50, 20);
+    EXPECT_TRUE(PointAt(at, *window));
     const CHandle<IPopup> popup = window->CreatePopup();
     popup->GetContent()->TakeDefPainter()->SetBackgroundColor(Toolkit(content));
     popup->SetSize(60, 30);
@@ -131,7 +137,9 @@ TEST_F(Wayland, PointerPopupAndMenu)
     window->WindowToScreen(place);
     popup->Show(place.x, place.y);
     EXPECT_TRUE(Shows(content, {60, 30}));
-    EXPECT_EQ(at + wxPoint(50, 20), Find(content).GetPosition());
+    EXPECT_EQ(at + wxPoint(50, 40), Find(content).GetPosition());
+    EXPECT_TRUE(PointAt(Find(content).GetPosition() + wxPoint(50, 20), *popup->GetContent()));
+    EXPECT_TRUE(PointAt(at, *window));
     x11::Button(1, true), x11::Button(1, false); // beside it
     EXPECT_TRUE(WaitFor([&] { return !popup->IsVisible(); }, "the popup's end") && Shows(content, {}));
 
