@@ -1,12 +1,13 @@
 #include "vela7/wxinplacetext.h"
 
 #include "controls/controlevents.h"
-#include "port/wayland.h"
 #include "port/widgets.h"
 #include "vela7/system.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxnativewindows.h"
 #include "vela7/wxvelawindow.h"
+
+#include <wx/utils.h>
 
 namespace vela7 {
 
@@ -26,7 +27,7 @@ point<int> ContextMenuPosition(const wxWindow& control, const wxContextMenuEvent
 {
     const wxPoint asked = event.GetPosition();
     const bool fromKeyboard = asked.x < 0 && asked.y < 0;
-    const wxPoint client = control.ScreenToClient(fromKeyboard ? gtkport::PointerPosition() : asked);
+    const wxPoint client = control.ScreenToClient(fromKeyboard ? wxGetMousePosition() : asked);
     return {client.x, client.y};
 }
 

@@ -8,12 +8,12 @@
 
 #include "life/hanging.h"
 #include "port/pointer.h"
-#include "port/wayland.h"
 #include "vela7/system.h"
 #include "vela7/wxsyswindow.h"
 #include "vela7/wxvelawindow.h"
 
 #include <wx/dcclient.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 
@@ -94,7 +94,7 @@ void CwxTooltip::Track(int x_, int y_, const std::string& text_)
 
 bool CwxTooltip::IsUnderMouse() const
 {
-    return IsShown() && Holds(GetSize(), ScreenToClient(gtkport::PointerPosition()));
+    return IsShown() && Holds(GetSize(), ScreenToClient(wxGetMousePosition()));
 }
 
 screen_rectangle<int> CwxTooltip::GetScreenRect() const

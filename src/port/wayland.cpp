@@ -8,7 +8,6 @@
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/popupwin.h>
-#include <wx/utils.h>
 #include <wx/window.h>
 
 #include <map>
@@ -203,24 +202,6 @@ void ShowDrawn(const wxWindow& window)
         picture->ShowInNextFrame();
 }
 
-wxPoint PointerPosition()
-{
-    static wxPoint last;
-    GdkDisplay* const display = gdk_display_get_default();
-    if (!GDK_IS_WAYLAND_DISPLAY(display))
-        return wxGetMousePosition();
-    GdkSeat* const seat = gdk_display_get_default_seat(display);
-    GdkDevice* const pointer = seat ? gdk_seat_get_pointer(seat) : nullptr;
-    wxPoint inside, origin;
-    GdkWindow* const window =
-        pointer ? gdk_device_get_window_at_position(pointer, &inside.x, &inside.y) : nullptr;
-    if (window) {
-        gdk_window_get_origin(window, &origin.x, &origin.y);
-        last = origin + inside;
-    }
-    return last;
-}
-
 #else
 
 bool IsOnWayland()
@@ -239,11 +220,6 @@ std::unique_ptr<wxDC> MakeWindowDC(wxWindow& window)
 }
 
 void ShowDrawn(const wxWindow&) {}
-
-wxPoint PointerPosition()
-{
-    return wxGetMousePosition();
-}
 
 #endif
 

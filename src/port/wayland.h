@@ -1,6 +1,5 @@
-/// What is different on Wayland: nobody shows what is drawn outside of a paint, nobody tells where on the
-/// screen the pointer or a window is, and a popup that is shown already cannot grab the pointer. On other
-/// displays nothing here does anything. Thread: GUI.
+/// What is different on Wayland: nobody shows what is drawn outside of a paint, and a popup that is shown
+/// already cannot grab the pointer. On other displays nothing here does anything. Thread: GUI.
 #pragma once
 
 #include <wx/colour.h>
@@ -41,9 +40,6 @@ public:
 /// A device to draw on a window outside of its paints, and what to call afterwards.
 std::unique_ptr<wxDC> MakeWindowDC(wxWindow& window);
 void ShowDrawn(const wxWindow& window);
-
-/// Where the pointer is on the screen; on Wayland relative to the top-level window that it is over, or was.
-wxPoint PointerPosition();
 
 /// Shows a popup that gets all of the application's events. For wx's way, which grabs the pointer when the
 /// popup is shown, it is too late then.

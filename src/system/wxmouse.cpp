@@ -2,7 +2,6 @@
 
 #include "convert/devicebounds.h"
 #include "port/gtkport.h"
-#include "port/wayland.h"
 
 #include <wx/bitmap.h>
 #include <wx/utils.h>
@@ -74,7 +73,7 @@ point<int> CwxMouse::GetPos() const
 {
     if (!gtkport::DisplayIsOpen())
         return {};
-    const wxPoint position = gtkport::PointerPosition();
+    const wxPoint position = wxGetMousePosition();
     return {position.x, position.y};
 }
 

@@ -13,6 +13,7 @@
 
 #include <wx/app.h>
 #include <wx/dcclient.h>
+#include <wx/utils.h>
 #include <wx/window.h>
 
 namespace vela7 {
@@ -159,7 +160,7 @@ void CwxSysWindow::contextMenuEvent(wxContextMenuEvent& event)
 {
     // Kept by contract: the record says where the mouse is, not what the event says, and the event always
     // ends here; a menu belongs to the pointer.
-    const wxPoint position = window->ScreenToClient(gtkport::PointerPosition());
+    const wxPoint position = window->ScreenToClient(wxGetMousePosition());
     CContextMenuEvent record(this);
     record.position = {position.x, position.y};
     if (Deliver(event, [&] { ProcessContextMenu(&record); }))
