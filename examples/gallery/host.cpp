@@ -6,6 +6,8 @@
 ///     gallery --replay FILE       gives the shown page the input that the Events page saved in FILE
 ///     gallery --screenshots DIR   writes DIR/<page>.png for each page and ends; the frame must not be
 ///     covered
+///     gallery --tour              opens on each page, or on the one of --page, what it can open, closes it
+///     again and ends
 
 #include "../capture.h"
 #include "page.h"
@@ -233,6 +235,22 @@ bool WriteScreenshots(GalleryFrame& frame, const wxString& directory)
     return true;
 }
 
+// ---- tour
+
+bool Tour(GalleryFrame& frame, const std::string& only)
+{
+    for (std::size_t i = 0; i < frame.Slots().size(); ++i) {
+        const PageSlot& slot = frame.Slots()[i];
+        if (!only.empty() && slot.name != only)
+            continue;
+        if (!PaintPage(frame, i))
+            return false;
+        slot.page->ShowSample(false);
+        std::printf("%s\n", slot.name.c_str());
+    }
+    return WaitForQuiet();
+}
+
 // ---- application
 
 bool wxComplained = false;
@@ -257,11 +275,14 @@ public:
         options.AddLongOption("page", "the page to begin with");
         options.AddLongOption("replay", "a file with input for that page");
         options.AddLongOption("screenshots", "the directory for a picture of each page");
+        options.AddLongSwitch("tour", "opens everything once and ends");
         if (options.Parse() != 0)
             return false;
         options.Found("page", &page);
         options.Found("replay", &recording);
         options.Found("screenshots", &m_directory);
+        m_tour = options.Found("tour");
+        m_page = page;
         m_frame = new GalleryFrame;
         m_frame->Show();
         return Begin(page, recording);
@@ -269,19 +290,19 @@ public:
 
     int OnRun() override
     {
-        if (m_directory.empty())
+        if (m_directory.empty() && !m_tour)
             return wxApp::OnRun();
         wxSetAssertHandler(OnWxAssert);
         delete wxLog::SetActiveTarget(new wxLogStderr);
-        bool written = false;
+        bool done = false;
         wxTimer start; // so that it happens in the main loop, like everything else
         start.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-            written = WriteScreenshots(*m_frame, m_directory);
+            done = m_tour ? Tour(*m_frame, m_page.ToStdString()) : WriteScreenshots(*m_frame, m_directory);
             m_frame->Destroy();
         });
         start.StartOnce(1);
         wxApp::OnRun();
-        return written && !wxComplained ? 0 : 1;
+        return done && !wxComplained ? 0 : 1;
     }
 
 private:
@@ -302,7 +323,8 @@ private:
     }
 
     GalleryFrame* m_frame = nullptr;
-    wxString m_directory;
+    wxString m_directory, m_page;
+    bool m_tour = false;
 };
 
 } // namespace

@@ -22,6 +22,10 @@ class wxScreenDC;
 
 namespace vela7 {
 
+namespace gtkport {
+class CKeptPicture;
+}
+
 class CVELAwxWindow;
 
 /// A toolkit window in a wx application.
@@ -139,6 +143,7 @@ private:
     void moveEvent(wxMoveEvent& event);
     void sizeEvent(wxSizeEvent& event);
     void paintEvent(wxPaintEvent& event);
+    bool Paint(wxPaintEvent& event, wxDC& dc, const wxRect& damage);
     void eraseEvent(wxEraseEvent& event);
     void closeEvent(wxCloseEvent& event);
     void captureLostEvent(wxMouseCaptureLostEvent& event);
@@ -149,6 +154,7 @@ private:
 
     std::unique_ptr<CParentResizeHandler, CPushedHandler::CDeleter>
         m_parentHandler;                            // of one that fills its parent
+    std::shared_ptr<gtkport::CKeptPicture> m_kept;  // on Wayland only
     mutable const void* m_clientDrawable = nullptr; // what clientDC was made for
 
     wxDECLARE_EVENT_TABLE();

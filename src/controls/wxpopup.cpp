@@ -10,6 +10,7 @@
 #include "life/capture.h"
 #include "life/hanging.h"
 #include "life/leavingparent.h"
+#include "port/wayland.h"
 
 namespace vela7 {
 
@@ -74,7 +75,8 @@ bool CwxTransientPopup::Show(bool show)
         hanging::Hidden(*this);
         capture::LeaveAllIn(*this);
     }
-    const bool changed = wxPopupTransientWindow::Show(show);
+    const bool changed =
+        show && gtkport::IsOnWayland() ? gtkport::ShowWithoutGrab(*this) : wxPopupTransientWindow::Show(show);
     if (show)
         hanging::Shown(*this, true, [this] { Hide(); });
     else

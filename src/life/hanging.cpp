@@ -1,6 +1,7 @@
 #include "life/hanging.h"
 
 #include "port/pointer.h"
+#include "port/wayland.h"
 
 #include <wx/event.h>
 #include <wx/eventfilter.h>
@@ -104,7 +105,7 @@ void RestoreGrab()
     }
     const auto top =
         std::find_if(Entries().rbegin(), Entries().rend(), [](const Entry& entry) { return entry.grabs; });
-    if (top != Entries().rend())
+    if (top != Entries().rend() && !gtkport::IsOnWayland()) // that has no grab, see ShowWithoutGrab
         gtkport::GrabPointer(*top->window);
 }
 

@@ -2,11 +2,11 @@
 
 #include "convert/devicebounds.h"
 #include "port/gtkport.h"
+#include "port/wayland.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxdrawbuffer.h"
 
 #include <wx/brush.h>
-#include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 
 #include <algorithm>
@@ -59,7 +59,7 @@ void CwxWinPainter::InitDC()
     if (device || !m_window)
         return;
     m_watch = gtkport::WatchDrawable(*m_window, [this] { LoseWindow(); });
-    m_own = std::make_unique<wxClientDC>(m_window);
+    m_own = gtkport::MakeWindowDC(*m_window);
     device = m_own.get();
     m_target = nullptr;
 }
@@ -151,6 +151,8 @@ void CwxWinPainter::internalEndPaint()
         const wxSize client = m_window->GetClientSize();
         m_target->Blit(0, 0, client.GetWidth(), client.GetHeight(), m_memory.get(), 0, 0, wxCOPY, false);
     }
+    if (m_own && m_window)
+        gtkport::ShowDrawn(*m_window);
     DropDevices();
 }
 

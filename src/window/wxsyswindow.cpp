@@ -15,6 +15,7 @@
 #include "life/capture.h"
 #include "port/drawing.h"
 #include "port/gtkport.h"
+#include "port/wayland.h"
 #include "port/widgets.h"
 #include "vela7/palette.h"
 #include "vela7/wxconvert.h"
@@ -81,6 +82,7 @@ CwxSysWindow::CwxSysWindow(wxWindow* parent, bool isChild_, WindowType type) : i
         defPainter = std::make_unique<CwxWinPainter>(window);
         defPainter->SetCanvas(this);
         defPainter->SetCounted(false); // the window's own, whatever handles are made of it
+        m_kept = gtkport::CKeptPicture::Make(*window);
         SetColors(type);
         Init();
         CreateTooltip();
@@ -172,6 +174,7 @@ void CwxSysWindow::LeaveNative()
         application->RemovePendingEventHandler(this);
     DeletePendingEvents();
     defPainter.reset();
+    m_kept.reset();
     clientDC.reset();
     m_parentHandler.reset();
     TakeOff(*window, *this);
@@ -326,7 +329,7 @@ void CwxSysWindow::ScrollContent(int dx, int dy, int left, int top, int right, i
 
 _color CwxSysWindow::GetPixel(int x, int y) const
 {
-    const wxColour read = gtkport::GetPixel(GetClientDC(), {x, y});
+    const wxColour read = m_kept ? m_kept->GetPixel({x, y}) : gtkport::GetPixel(GetClientDC(), {x, y});
     return wx2vela(read.IsOk() ? read : *wxBLACK);
 }
 

@@ -7,6 +7,7 @@
 
 #include "life/callout.h"
 #include "port/drawing.h"
+#include "port/wayland.h"
 #include "vela7/wxconvert.h"
 #include "vela7/wxvelawindow.h"
 
@@ -237,11 +238,24 @@ void CwxSysWindow::paintEvent(wxPaintEvent& event)
     if (!defPainter || defPainter->GetPaintSuppressed() || window->life.IsEnding())
         return;
     wxPaintDC dc(window);
+    const std::shared_ptr<gtkport::CKeptPicture> kept = m_kept;
+    const wxRect damage = kept ? kept->TakeDamage() : window->GetUpdateRegion().GetBox();
+    bool alive = true;
+    if (!kept)
+        Paint(event, dc, damage);
+    else if (!damage.IsEmpty())
+        alive = Paint(event, *kept->BeginPaint(damage), damage);
+    if (kept && alive)
+        kept->CopyTo(dc);
+}
+
+// False: the window is gone.
+bool CwxSysWindow::Paint(wxPaintEvent& event, wxDC& dc, const wxRect& damage)
+{
     CwxWinPainter& painter = *defPainter;
     painter.SetDC(&dc);
     bool alive = true;
     if (IsSubscribed(typeid(IDrawingNotify))) {
-        const wxRect damage = window->GetUpdateRegion().GetBox();
         painter.SetUpdateRect({damage.x, damage.y, damage.x + damage.width, damage.y + damage.height});
         alive = Deliver(event, [&] { ProcessPaint(&painter); });
     } else {
@@ -252,6 +266,7 @@ void CwxSysWindow::paintEvent(wxPaintEvent& event)
     }
     if (alive)
         painter.SetDC(nullptr);
+    return alive;
 }
 
 void CwxSysWindow::eraseEvent(wxEraseEvent& event)
