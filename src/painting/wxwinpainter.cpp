@@ -148,8 +148,9 @@ bool CwxWinPainter::StartBuffered()
 void CwxWinPainter::internalEndPaint()
 {
     if (m_memory && m_target && m_window && m_target->IsOk() && m_memory->IsOk()) {
-        const wxSize client = m_window->GetClientSize();
-        m_target->Blit(0, 0, client.GetWidth(), client.GetHeight(), m_memory.get(), 0, 0, wxCOPY, false);
+        const wxRect client(m_window->GetClientSize());
+        if (!client.IsEmpty()) // wx 3.2 divides by it
+            m_target->Blit(client.GetPosition(), client.GetSize(), m_memory.get(), wxPoint(), wxCOPY, false);
     }
     if (m_own && m_window)
         gtkport::ShowDrawn(*m_window);
